@@ -20,6 +20,11 @@ endfunction()
 
 function(nui_add_library name)
     cmake_parse_arguments(ARG "" "" "SOURCES;HEADERS;DETAIL_HEADERS;LINK" ${ARGN})
+    if(NOT ARG_SOURCES) # GUARD-BEGIN
+        add_library(${name} INTERFACE)
+        add_library(nui::${name} ALIAS ${name})
+        return()
+    endif() # GUARD-END
     add_library(${name} ${ARG_SOURCES} ${ARG_DETAIL_HEADERS})
     add_library(nui::${name} ALIAS ${name})
     set_target_properties(${name} PROPERTIES

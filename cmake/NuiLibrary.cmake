@@ -1,7 +1,10 @@
 # nui_add_library(NAME SOURCES ... HEADERS ... DETAIL_HEADERS ... LINK ...): one library of libs/, with its alias nui::NAME,
 #   its public headers as a header set (installed, and verified to compile alone), the libraries below it as layers.txt
 #   says, and third-party targets that stay behind its sources.
-# nui_add_test(NAME SOURCES ... LINK ...): one test program.
+# nui_add_backend(NAME SOURCES ... HEADERS ... DETAIL_HEADERS ... LINK ...): one backend of backends/, with its alias
+#   nui::NAME. Its headers are included as "backends/NAME/...". It stands on the top floor, above every library.
+# nui_add_test(NAME SOURCES ... LINK ... LABELS ... TIMEOUT seconds): one GoogleTest program. It carries the label "unit"
+#   unless told other labels; the sanitizer runs take the tests of that label.
 
 file(STRINGS ${CMAKE_CURRENT_LIST_DIR}/layers.txt NUI_LAYERS REGEX "^[a-z]+:")
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${CMAKE_CURRENT_LIST_DIR}/layers.txt)
@@ -18,14 +21,9 @@ function(nui_layers_below name result)
     message(FATAL_ERROR "${name} has no line in cmake/layers.txt")
 endfunction()
 
-function(nui_add_library name)
-    cmake_parse_arguments(ARG "" "" "SOURCES;HEADERS;DETAIL_HEADERS;LINK" ${ARGN})
-    if(NOT ARG_SOURCES) # GUARD-BEGIN
-        add_library(${name} INTERFACE)
-        add_library(nui::${name} ALIAS ${name})
-        return()
-    endif() # GUARD-END
-    add_library(${name} ${ARG_SOURCES} ${ARG_DETAIL_HEADERS})
+# What libraries and backends have in common: a target whose public headers lie below `base`, exported and installed.
+function(_nui_add_exported_library name base sources headers detail_headers)
+    add_library(${name} ${sources} ${detail_headers})
     add_library(nui::${name} ALIAS ${name})
     set_target_properties(${name} PROPERTIES
         OUTPUT_NAME nui-${name}
@@ -34,18 +32,43 @@ function(nui_add_library name)
         LINKER_LANGUAGE CXX
         VERIFY_INTERFACE_HEADER_SETS ON)
     nui_configure_target(${name})
-    target_sources(${name} PUBLIC FILE_SET HEADERS BASE_DIRS ${PROJECT_SOURCE_DIR}/libs FILES ${ARG_HEADERS})
+    target_sources(${name} PUBLIC FILE_SET HEADERS BASE_DIRS ${base} FILES ${headers})
+    set_property(GLOBAL APPEND PROPERTY NUI_EXPORTED_LIBRARIES ${name})
+    nui_install_library(${name})
+endfunction()
+
+function(nui_add_library name)
+    cmake_parse_arguments(ARG "" "" "SOURCES;HEADERS;DETAIL_HEADERS;LINK" ${ARGN})
+    if(NOT ARG_SOURCES) # GUARD-BEGIN
+        add_library(${name} INTERFACE)
+        add_library(nui::${name} ALIAS ${name})
+        nui_install_library(${name})
+        return()
+    endif() # GUARD-END
+    _nui_add_exported_library(${name} ${PROJECT_SOURCE_DIR}/libs "${ARG_SOURCES}" "${ARG_HEADERS}" "${ARG_DETAIL_HEADERS}")
     nui_layers_below(${name} below)
-    foreach(lower IN LISTS below)
-        target_link_libraries(${name} PUBLIC ${lower})
-    endforeach()
+    target_link_libraries(${name} PUBLIC ${below})
+    target_link_libraries(${name} PRIVATE ${ARG_LINK})
+endfunction()
+
+function(nui_add_backend name)
+    cmake_parse_arguments(ARG "" "" "SOURCES;HEADERS;DETAIL_HEADERS;LINK" ${ARGN})
+    _nui_add_exported_library(${name} ${PROJECT_SOURCE_DIR} "${ARG_SOURCES}" "${ARG_HEADERS}" "${ARG_DETAIL_HEADERS}")
+    target_link_libraries(${name} PUBLIC nui)
     target_link_libraries(${name} PRIVATE ${ARG_LINK})
 endfunction()
 
 function(nui_add_test name)
-    cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+    cmake_parse_arguments(ARG "" "TIMEOUT" "SOURCES;LINK;LABELS" ${ARGN})
     add_executable(${name} ${ARG_SOURCES})
     nui_configure_target(${name})
     target_link_libraries(${name} PRIVATE ${ARG_LINK} nui_test_support GTest::gtest)
-    add_test(NAME ${name} COMMAND ${name} WORKING_DIRECTORY ${PROJECT_SOURCE_DIR})
+    add_test(NAME ${name} COMMAND ${name} --gtest_brief=1 WORKING_DIRECTORY ${PROJECT_SOURCE_DIR})
+    if(NOT ARG_LABELS)
+        set(ARG_LABELS unit)
+    endif()
+    if(NOT ARG_TIMEOUT)
+        set(ARG_TIMEOUT 300)
+    endif()
+    set_tests_properties(${name} PROPERTIES LABELS "${ARG_LABELS}" TIMEOUT ${ARG_TIMEOUT})
 endfunction()

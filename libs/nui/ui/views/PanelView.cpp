@@ -1,0 +1,11 @@
+#include "nui/ui/views/PanelView.h"
+
+#include "nui/ui/components/Panel.h"
+
+namespace nurel::ui::views {
+
+constinit const core::Type PanelView::TYPE("PanelView", &ComponentView::TYPE);
+
+PanelView::PanelView(const char *name, components::Panel *panel, Skin *skin) : ComponentView(name, panel, skin), mPanel(panel) {}
+
+} // namespace nurel::ui::views

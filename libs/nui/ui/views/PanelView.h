@@ -1,0 +1,30 @@
+#pragma once
+
+#include "nui/ui/ComponentView.h"
+
+namespace nurel::ui {
+
+namespace components {
+class Panel;
+}
+
+namespace views {
+
+/// Base of the views of a panel: knows it by its class.
+class PanelView : public ComponentView {
+public:
+    static const core::Type TYPE;
+    static const core::Type &type() { return TYPE; }
+    const core::Type &getType() const override { return TYPE; }
+
+    PanelView(const char *name, components::Panel *panel, Skin *skin);
+
+    components::Panel *getPanel() const { return mPanel; }
+
+private:
+    components::Panel *mPanel;
+};
+
+} // namespace views
+
+} // namespace nurel::ui

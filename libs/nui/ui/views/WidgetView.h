@@ -1,0 +1,28 @@
+#pragma once
+
+#include "nui/ui/ComponentView.h"
+
+namespace nurel::ui {
+
+class Widget;
+
+namespace views {
+
+/// Base of the views of a widget: knows it by its class.
+class WidgetView : public ComponentView {
+public:
+    static const core::Type TYPE;
+    static const core::Type &type() { return TYPE; }
+    const core::Type &getType() const override { return TYPE; }
+
+    WidgetView(const char *name, Widget *widget, Skin *skin);
+
+    Widget *getWidget() const { return mWidget; }
+
+private:
+    Widget *mWidget;
+};
+
+} // namespace views
+
+} // namespace nurel::ui

@@ -36,18 +36,19 @@ public:
 
     /// Queues a process, which the runnable owns from here on, whatever happens. The future is set when the process has
     /// run and has been deleted. An exception that leaves the process is logged and ends there. May be called from any
-    /// thread, this runnable's own included; throws IllegalStateException once the runnable has been stopped, and
-    /// IllegalArgumentException for a null process.
+    /// thread, this runnable's own included. Raises IllegalStateException once the runnable has been stopped or if its
+    /// thread cannot be started, and IllegalArgumentException for a null process.
     Future<void> postTask(Process *owned, int priority = 0);
 
     /// Whether the caller runs on this runnable's thread.
     bool isOwnThread() const;
 
-    /// Runs the tasks that are queued, takes no more, and waits for the thread to end. Throws IllegalStateException on
+    /// Runs the tasks that are queued, takes no more, and waits for the thread to end. Raises IllegalStateException on
     /// the runnable's own thread, which cannot wait for itself. A second call does nothing.
     void stop();
 
 private:
+    void startThread();
     void work();
     void runTask(RunnableTask &task) const;
 
@@ -58,6 +59,7 @@ private:
     std::uint64_t mNextSequence = 0;
     bool mStopped = false;
     std::thread mThread;
+    std::thread::id mThreadId; ///< none before the first task; stays when the thread has ended
 };
 
 } // namespace core

@@ -32,9 +32,9 @@ public:
 
 private:
     std::atomic<bool> mManual;
-    std::atomic<double> mHeld;             ///< what a manual clock shows
-    std::atomic<std::int64_t> mOffset{0};  ///< nanoseconds that a running clock adds to the process's age
-    double mLost = 0;                      ///< what rounding took from mHeld so far
+    std::atomic<double> mHeld;            ///< what a manual clock shows
+    std::atomic<std::int64_t> mOffset{0}; ///< nanoseconds that a running clock adds to the process's age
+    double mLost = 0;                     ///< what rounding took from mHeld so far
 };
 
 } // namespace core

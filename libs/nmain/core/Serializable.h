@@ -14,7 +14,7 @@ namespace nurel::core {
 
 /// What can be written to a stream and read back: a header of format version and type name, then the fields of the
 /// class and its bases. save() and load() do both; a class with fields overrides serialize() and deserialize(), calling
-/// its base first, and, if it once wrote its fields otherwise, the legacy forms.
+/// its base first, and, if it once wrote its fields otherwise, the legacy forms. What a stream raises passes through.
 class Serializable {
 public:
     /// The format that serialize() writes and deserialize() reads. 0 and 1 are older ones.
@@ -45,7 +45,7 @@ public:
     /// holds no header, a newer format, or another class.
     unsigned checkRead(stream::InputStream &in) const;
 
-    /// Writes the header. Raises IllegalStateException when the stream does not take it.
+    /// Writes the header.
     void checkWrite(stream::OutputStream &out) const;
 
 protected:
@@ -54,7 +54,7 @@ protected:
     Serializable &operator=(const Serializable &) = default;
 
     /// For the fields of derived classes: a text as its length in four bytes, low byte first, and its bytes. Both raise
-    /// IllegalStateException when the stream ends early or is full, or the text is longer than 16 MiB.
+    /// IllegalStateException for a text of more than 16 MiB, and readText() for a stream that ends early.
     void writeText(stream::OutputStream &out, const char *text) const;
     void readText(stream::InputStream &in, std::string &text) const;
 };

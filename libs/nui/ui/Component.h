@@ -388,7 +388,7 @@ public:
     /// What the ray meets: this component, or for a container one of its descendants; null when it misses, and for a
     /// component that is not enabled or has no view. `point` gets where, relative to the centre of what was hit. The left
     /// and top edges belong to the component, the right and bottom edges do not.
-    virtual Component *hitTest(const Ray &ray, math::Vector2 &point);
+    virtual Component *hitTest(const Ray &ray, math::Vector3 &point);
 
     /// The attached handler, or else the parent.
     UIEventHandler *nextHandler() override;

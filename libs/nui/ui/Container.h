@@ -136,7 +136,7 @@ public:
     void setEnabled(bool enabled) override;
     void setVisible(bool visible) override;
     void clearView() override;
-    Component *hitTest(const Ray &ray, math::Vector2 &point) override;
+    Component *hitTest(const Ray &ray, math::Vector3 &point) override;
     void _clone(core::Object *target, core::CloningOptions &options) const override;
 
 protected:

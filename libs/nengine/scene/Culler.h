@@ -1,0 +1,39 @@
+#pragma once
+
+#include "nmain/core/Object.h"
+#include "nmain/math/Frustum.h"
+
+namespace nurel::scene {
+
+class Camera;
+class Frame;
+class Mesh;
+class VisibilitySet;
+
+/// Walks a scene and collects what is to be drawn in a visibility set, which it looks at.
+class Culler : public core::Object {
+public:
+    static const ::core::Type TYPE;
+    static const ::core::Type &type() { return TYPE; }
+    const ::core::Type &getType() const override { return TYPE; }
+
+    /// A null set is legal: nothing is collected.
+    explicit Culler(VisibilitySet *set);
+
+    VisibilitySet *getVisibilitySet() const { return mSet; }
+
+    /// Starts anew with everything that is not hidden at and below the root. A null root gives an empty set. The camera,
+    /// which may be null, is what a derived class may cull by; this one takes all.
+    virtual void cull(const Camera *camera, Frame *root);
+
+    /// Visits one frame, unless it is hidden.
+    virtual void process(Frame *frame, math::Frustum::EFrustumResult result);
+
+    /// Called by a mesh that is to be drawn.
+    virtual void insert(Mesh *mesh);
+
+private:
+    VisibilitySet *mSet;
+};
+
+} // namespace nurel::scene

@@ -1,0 +1,73 @@
+#pragma once
+
+#include "nengine/scene/Frame.h"
+
+namespace nurel::geometry {
+class LocalGeometry;
+class MeshGeometry;
+} // namespace nurel::geometry
+
+namespace nurel::texture {
+class Texture;
+}
+
+namespace nurel::scene {
+
+struct DrawContext;
+
+/// A frame that draws. It keeps what it draws in its own space and, beside that, as coloured vertices in the world; the first
+/// is made anew after `setChanged`, the second also when the world transform, the material, the blend flag or the texture
+/// changed, and neither otherwise. Both are made when the mesh is about to be drawn, so a mesh that is never seen has none.
+class Mesh : public Frame {
+public:
+    static const ::core::Type TYPE;
+    static const ::core::Type &type() { return TYPE; }
+    const ::core::Type &getType() const override { return TYPE; }
+
+    explicit Mesh(const char *name = "");
+    ~Mesh() override;
+
+    void _clone(core::Object *target, core::CloningOptions &options) const override;
+
+    /// Whether `buildGeometry` will be asked before the mesh is drawn next.
+    bool isChanged() const { return hasFlag(GEOMETRY_CHANGED); }
+    void setChanged(bool changed) { setFlag(GEOMETRY_CHANGED, changed); }
+
+    /// Builds the geometry if it is out of date, and computes the rectangle around it in the mesh's own space.
+    void computeBound();
+
+    /// As of the last `computeBound` or drawing; zero when there is nothing to draw.
+    math::Vector2 getMinBound() const;
+    math::Vector2 getMaxBound() const;
+
+    /// The texture of stage 0 of the texture property, own or inherited, as of the last update; null when there is none.
+    texture::Texture *getTexture() const;
+
+    void onVisible(Culler *culler, math::Frustum::EFrustumResult result) override;
+    void updateProperties() override;
+
+    /// Brings everything that is drawn up to date and gives it out; null when there is nothing to draw. For the renderer.
+    const geometry::MeshGeometry *prepareGeometry(const DrawContext &context);
+
+    /// Makes everything from nothing, into other objects than the ones kept. For checks of what is kept.
+    bool rebuildGeometry(const DrawContext &context, geometry::MeshGeometry &out);
+
+protected:
+    /// Fills the geometry in the mesh's own space; `out` is empty when it comes. Returns false when there is nothing to
+    /// draw. It is not asked again until `setChanged(true)`. A mesh that draws the texture of its texture property is asked
+    /// when that texture becomes another or is loaded.
+    virtual bool buildGeometry(geometry::LocalGeometry &out);
+
+    /// Called before drawing when the world transform or the view changed. A mesh whose geometry depends on them, such as a
+    /// text whose glyphs are drawn for a size on the screen, calls `setChanged(true)` where it has to.
+    virtual void viewChanged(const DrawContext &context);
+
+private:
+    bool isGeometryCurrent(const DrawContext &context);
+    void buildLocal(geometry::MeshGeometry &out);
+    void buildWorld(const DrawContext &context, geometry::MeshGeometry &out) const;
+
+    std::unique_ptr<geometry::MeshGeometry> mGeometry;
+};
+
+} // namespace nurel::scene

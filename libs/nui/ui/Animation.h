@@ -4,11 +4,9 @@
 #include "nmain/core/Object.h"
 #include "nmain/math/Vector2.h"
 #include "nmain/math/Vector3.h"
+#include "nui/ui/Fwd.h"
 
 namespace nurel::ui {
-
-class Component;
-class Interpolator;
 
 /// One animated property of one component. It never runs by itself: an `AnimationContext` holds it and gives it the time.
 /// The component stays alive for as long as an animation refers to it.

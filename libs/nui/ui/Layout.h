@@ -1,7 +1,9 @@
 #pragma once
 
 #include "nmain/core/Object.h"
+#include "nui/ui/Fwd.h"
 
+#include <functional>
 #include <list>
 #include <set>
 
@@ -10,9 +12,6 @@ class JSObject;
 }
 
 namespace nurel::ui {
-
-class Component;
-class Container;
 
 /// Places children of one container. The container holds the layout; the layout only points at its owner and at the
 /// components under it, which need not be all of the container's children. It writes through the public geometry
@@ -28,6 +27,7 @@ public:
 
     ~Layout() override;
 
+    using core::Object::clone;
     core::Object *clone(core::CloningOptions &options) const override = 0;
 
     /// When the owner's copy is known to the options and the target is a layout, that copy becomes the target's owner.
@@ -92,15 +92,15 @@ private:
     void forgetStrangers();
 
     Container *mOwner = nullptr;
-    std::set<Component *> mManaged;
+    std::set<Component *, std::less<>> mManaged;
     std::list<Component *> mOrdered;
 
     // The layouts that hold a component which was no child of their owner when it came are chained, so that the death of
     // such a component finds them. A child of the owner needs no such search: its container tells the layout.
-    static Layout *sStrangers;
+    static Layout *mSTRANGERS;
     Layout *mPreviousStranger = nullptr;
     Layout *mNextStranger = nullptr;
-    bool mHasStrangers = false;
+    bool mHamSTRANGERS = false;
 };
 
 } // namespace nurel::ui

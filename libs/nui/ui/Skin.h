@@ -1,26 +1,9 @@
 #pragma once
 
 #include "nmain/core/NamedObject.h"
+#include "nui/ui/Fwd.h"
 
 namespace nurel::ui {
-
-class Component;
-class ComponentView;
-class Container;
-class Widget;
-
-namespace components {
-class Button;
-class Checkbox;
-class Image;
-class Label;
-class Listbox;
-class Panel;
-class Progress;
-class Selector;
-class Slider;
-class TextField;
-} // namespace components
 
 /// Decides how components look: makes the view of each component. Components and skins meet in a double dispatch: a
 /// component that is asked to `visit` a skin calls the overload for its own class.

@@ -20,6 +20,7 @@ public:
     enum FlowDirection { HORIZONTAL = 0, VERTICAL = 1 };
     enum SizeLimitPolicy { RELATIVE = 0, ABSOLUTE = 1 };
 
+    using Layout::clone;
     core::Object *clone(core::CloningOptions &options) const override;
     void _clone(core::Object *target, core::CloningOptions &options) const override;
 
@@ -66,7 +67,7 @@ private:
     float mLimit = 1;
     math::Vector2 mStart = math::Vector2(0, 0);
     math::Vector2 mSpacing = math::Vector2(0, 0);
-    Component::Anchor mAnchor = static_cast<Component::Anchor>(0x09);
+    Component::Anchor mAnchor = Component::ANCHOR_TOP_LEFT;
 };
 
 } // namespace nurel::ui::layouts

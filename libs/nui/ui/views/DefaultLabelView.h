@@ -1,17 +1,7 @@
 #pragma once
 
+#include "nengine/Fwd.h"
 #include "nui/ui/views/LabelView.h"
-
-namespace nurel::scene {
-namespace meshes {
-class SizeableRectangleMesh;
-class TextMesh;
-} // namespace meshes
-namespace properties {
-class MaterialProperty;
-class TextureProperty;
-} // namespace properties
-} // namespace nurel::scene
 
 namespace nurel::ui::views {
 

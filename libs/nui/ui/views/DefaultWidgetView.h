@@ -1,10 +1,7 @@
 #pragma once
 
+#include "nengine/Fwd.h"
 #include "nui/ui/views/WidgetView.h"
-
-namespace nurel::scene::meshes {
-class SizeableRectangleMesh;
-}
 
 namespace nurel::ui::views {
 

@@ -2,13 +2,7 @@
 
 #include "nui/ui/ComponentView.h"
 
-namespace nurel::ui {
-
-namespace components {
-class Label;
-}
-
-namespace views {
+namespace nurel::ui::views {
 
 /// Base of the views of a label: knows it by its class.
 class LabelView : public ComponentView {
@@ -19,12 +13,8 @@ public:
 
     LabelView(const char *name, components::Label *label, Skin *skin);
 
-    components::Label *getLabel() const { return mLabel; }
-
-private:
-    components::Label *mLabel;
+    /// Null from the moment the label dropped the view.
+    components::Label *getLabel() const;
 };
 
-} // namespace views
-
-} // namespace nurel::ui
+} // namespace nurel::ui::views

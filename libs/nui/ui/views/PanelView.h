@@ -2,13 +2,7 @@
 
 #include "nui/ui/ComponentView.h"
 
-namespace nurel::ui {
-
-namespace components {
-class Panel;
-}
-
-namespace views {
+namespace nurel::ui::views {
 
 /// Base of the views of a panel: knows it by its class.
 class PanelView : public ComponentView {
@@ -19,12 +13,8 @@ public:
 
     PanelView(const char *name, components::Panel *panel, Skin *skin);
 
-    components::Panel *getPanel() const { return mPanel; }
-
-private:
-    components::Panel *mPanel;
+    /// Null from the moment the panel dropped the view.
+    components::Panel *getPanel() const;
 };
 
-} // namespace views
-
-} // namespace nurel::ui
+} // namespace nurel::ui::views

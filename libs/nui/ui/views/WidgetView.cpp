@@ -6,6 +6,10 @@ namespace nurel::ui::views {
 
 constinit const core::Type WidgetView::TYPE("WidgetView", &ComponentView::TYPE);
 
-WidgetView::WidgetView(const char *name, Widget *widget, Skin *skin) : ComponentView(name, widget, skin), mWidget(widget) {}
+WidgetView::WidgetView(const char *name, Widget *widget, Skin *skin) : ComponentView(name, widget, skin) {}
+
+Widget *WidgetView::getWidget() const {
+    return static_cast<Widget *>(getComponent());
+}
 
 } // namespace nurel::ui::views

@@ -2,11 +2,7 @@
 
 #include "nui/ui/ComponentView.h"
 
-namespace nurel::ui {
-
-class Widget;
-
-namespace views {
+namespace nurel::ui::views {
 
 /// Base of the views of a widget: knows it by its class.
 class WidgetView : public ComponentView {
@@ -17,12 +13,8 @@ public:
 
     WidgetView(const char *name, Widget *widget, Skin *skin);
 
-    Widget *getWidget() const { return mWidget; }
-
-private:
-    Widget *mWidget;
+    /// Null from the moment the widget dropped the view.
+    Widget *getWidget() const;
 };
 
-} // namespace views
-
-} // namespace nurel::ui
+} // namespace nurel::ui::views

@@ -10,14 +10,17 @@ set(NUI_WARNINGS
 
 function(nui_configure_target target)
     target_compile_features(${target} PUBLIC cxx_std_20)
-    set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF POSITION_INDEPENDENT_CODE ON)
+    set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF POSITION_INDEPENDENT_CODE ON
+        INSTALL_RPATH "$ORIGIN;$ORIGIN/../${CMAKE_INSTALL_LIBDIR}") # shared libraries are found beside or from bin
     target_compile_options(${target} PRIVATE ${NUI_WARNINGS} $<$<BOOL:${NUI_WERROR}>:-Werror>)
     if(NUI_SANITIZE)
-        target_compile_options(${target} PRIVATE -fsanitize=${NUI_SANITIZE} -fno-omit-frame-pointer)
+        target_compile_options(${target} PRIVATE -fsanitize=${NUI_SANITIZE} -fno-sanitize-recover=all
+            -fno-omit-frame-pointer)
         target_link_options(${target} PUBLIC -fsanitize=${NUI_SANITIZE})
     endif()
     if(NUI_BUILD_FUZZ)
-        target_compile_options(${target} PRIVATE -fsanitize=fuzzer-no-link,address,undefined)
+        target_compile_options(${target} PRIVATE -fsanitize=fuzzer-no-link,address,undefined
+            -fno-sanitize-recover=all)
         target_link_options(${target} PUBLIC -fsanitize=address,undefined)
     endif()
 endfunction()

@@ -12,7 +12,6 @@ function(nui_install_library name)
     if(NOT type STREQUAL "INTERFACE_LIBRARY")
         set(header_set FILE_SET HEADERS DESTINATION ${NUI_INSTALL_INCLUDEDIR})
     endif()
-    set_target_properties(${name} PROPERTIES INSTALL_RPATH "$ORIGIN") # shared libraries find each other where they lie
     install(TARGETS ${name} EXPORT nuiTargets
         RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
         LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
@@ -31,8 +30,4 @@ function(nui_install_package)
         ${PROJECT_BINARY_DIR}/nuiConfig.cmake
         ${PROJECT_BINARY_DIR}/nuiConfigVersion.cmake
         DESTINATION ${NUI_INSTALL_CMAKEDIR})
-    if(TARGET nui-viewer)
-        set_target_properties(nui-viewer PROPERTIES INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
-        install(TARGETS nui-viewer RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-    endif()
 endfunction()

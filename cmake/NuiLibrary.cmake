@@ -4,7 +4,7 @@
 # nui_add_backend(NAME SOURCES ... HEADERS ... DETAIL_HEADERS ... LINK ...): one backend of backends/, with its alias
 #   nui::NAME. Its headers are included as "backends/NAME/...". It stands on the top floor, above every library.
 # nui_add_test(NAME SOURCES ... LINK ... LABELS ... TIMEOUT seconds): one GoogleTest program. It carries the label "unit"
-#   unless told other labels; the sanitizer runs take the tests of that label.
+#   unless told other labels; the target unit_tests builds the programs of that label, and the sanitizer runs take them.
 
 file(STRINGS ${CMAKE_CURRENT_LIST_DIR}/layers.txt NUI_LAYERS REGEX "^[a-z]+:")
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${CMAKE_CURRENT_LIST_DIR}/layers.txt)
@@ -71,4 +71,7 @@ function(nui_add_test name)
         set(ARG_TIMEOUT 300)
     endif()
     set_tests_properties(${name} PROPERTIES LABELS "${ARG_LABELS}" TIMEOUT ${ARG_TIMEOUT})
+    if("unit" IN_LIST ARG_LABELS)
+        add_dependencies(unit_tests ${name})
+    endif()
 endfunction()

@@ -3,6 +3,7 @@
 #include "foundation/core/CriticalSection.h"
 #include "foundation/core/SmartPtr.h"
 #include "foundation/mpl/Int2Type.h"
+#include "nengine/Fwd.h"
 #include "ninput/input/Keyboard.h"
 #include "ninput/input/Mouse.h"
 #include "nmain/core/Names.h"
@@ -12,42 +13,18 @@
 #include "nui/core/CallbackSubscriptor.h"
 #include "nui/core/Singleton.h"
 #include "nui/ui/CursorPosition.h"
+#include "nui/ui/Fwd.h"
 #include "nui/ui/Ray.h"
 
 #include <atomic>
-#include <cstdint>
 #include <deque>
-#include <exception>
 #include <list>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
 
-namespace nurel::geometry {
-class MeshDataAllocator;
-}
-
-namespace nurel::renderer {
-class RenderPass;
-class RenderView;
-struct ResizeEventData;
-} // namespace nurel::renderer
-
-namespace nurel::scene {
-class Camera;
-class Node;
-class VisibilitySet;
-} // namespace nurel::scene
-
 namespace nurel::ui {
-
-class AnimationContext;
-class Component;
-class Container;
-class KeyboardOverlay;
-class UIEvent;
-class UIEventHandler;
-class Widget;
 
 /// Runs the toolkit: owns the scene below "UI.root" and the render pass that draws it, the widgets, the running animations
 /// and the state of the input. The application feeds it input, calls updateEvents() and update() once a frame, in the order
@@ -248,13 +225,10 @@ public:
     /// To be called when a component leaves the tree or dies: the manager forgets it.
     void checkComponentRemoval(Component *component);
 
-    /// Keeps an object that takes part in an event until the manager's outermost operation has ended, so that a handler may
-    /// drop it. Does nothing outside of one, for null, and for an object that nobody holds.
-    void keepForPass(const core::IRefCount *object);
-
 private:
     class Activity;
-    class FlagScope;
+    class Removal;
+    struct InputPass;
 
     struct WidgetQueueEntry {
         enum Action { ADD = 0, REMOVE = 1, CLEAR = 2 };
@@ -265,7 +239,7 @@ private:
 
     /// The cursor and the ray through it, taken together.
     struct Pointer {
-        CursorPosition cursor = {0, 0};
+        CursorPosition cursor;
         Ray ray;
     };
 
@@ -273,62 +247,55 @@ private:
     using Widgets = std::list<core::SmartPtr<Widget>>;
     using Contexts = std::deque<core::SmartPtr<AnimationContext>>;
 
-    /// What one pass of updateEvents() works on.
-    struct InputPass;
-
     UIManager();
     ~UIManager();
 
     // lifecycle
     void createScene();
-    void subscribeToEngine();
-    static void registerCreators();
-    static void unregisterCreators();
+    void subscribe();
+    void unsubscribe();
+    void removeAllWidgets();
     void releaseRest();
-    void logAtEnd(const std::exception &exception) const;
+    void keepForPass(const core::IRefCount *object);
+    void releaseKept();
 
     // widgets
+    void queueWidget(WidgetQueueEntry::Action action, Widget *widget);
     void processQueue();
     void _addWidget(Widget *widget);
     void _removeWidget(Widget *widget);
     void _clearWidgets();
-    void placeUnderSkin(Widget *widget);
     void endPointerActions();
-    void loseFocusOfClearedWidgets();
     template <class Visit>
     void forEachWidget(Visit visit);
-    void queueWidget(int action, Widget *widget);
 
     // screen
     void resizeToScreen();
     void setUpCamera();
 
     // animations
-    void updateAnimations(float);
+    void updateAnimations(float time);
     void walkAnimations();
     void runDeferredAnimations();
 
     // input
-    UIEventHandler *handleHeld(UIEventHandler *handler, const UIEvent &event);
     Component *handleEvent(UIEventHandler *handler, const UIEvent &event);
     Component *hitTest(const Ray &ray, math::Vector3 &point) const;
     Pointer takePointer() const;
-    bool takePendingInput(InputPass &pass);
+    bool takeInput(InputPass &pass);
     void dispatchPendingText();
-    void takeWheelAndMove(InputPass &pass);
     void press(InputPass &pass);
     void release(InputPass &pass);
-    void releasePressed(InputPass &pass);
+    void move(InputPass &pass);
     void hover(InputPass &pass);
-    void beginDrag(InputPass &pass);
-    void drag(InputPass &pass);
+    void beginDrag(const InputPass &pass);
+    void drag(const InputPass &pass);
     void leaveHovered(const Pointer &pointer);
     void cancelMouseAction();
     void _keyboardCallback(input::Keyboard::KeyboardCallBackInfo &info);
 
     // focus
-    bool dropFocus(Component *successor);
-    void giveFocus(Component *component);
+    void takeFocusAway(Component *successor);
     void nextTabStop(Component *component, TabStopDirection direction);
     void nextTabStop(Component *component, Container *container, TabStopDirection direction);
 
@@ -336,15 +303,18 @@ private:
     std::deque<WidgetQueueEntry> mWidgetQueue;
     Widgets mWidgets;
     unsigned int mWidgetsRevision = 0; ///< raised by every change of the list, for walks that are under way
+    bool mProcessingQueue = false;
     core::SmartPtr<scene::Node> mRoot;
+    unsigned int mScreenPixelWidth = 0;
+    unsigned int mScreenPixelHeight = 0;
     math::ViewPort mViewPort = math::ViewPort(480, 320);
     math::Vector2 mScale = math::Vector2(1, 1);
     core::SmartPtr<scene::Camera> mCamera;
     core::SmartPtr<renderer::RenderView> mRenderView;
     core::SmartPtr<renderer::RenderPass> mRenderPass;
-    scene::VisibilitySet *mVisibilitySet = nullptr;
+    std::unique_ptr<scene::VisibilitySet> mVisibilitySet;
 
-    CursorPosition mLastCursor = {0, 0};
+    CursorPosition mLastCursor;
     Pointer mPointer;
     std::atomic<int> mWheel{0};
     int mLastWheel = 0;
@@ -352,11 +322,11 @@ private:
     std::atomic<bool> mEnabled{true};
     Component *mHovered = nullptr;
     Component *mPressed = nullptr;
-    CursorPosition mPressPosition = {0, 0};
+    CursorPosition mPressPosition;
     std::atomic<Component *> mFocus{nullptr};
     unsigned int mFocusDepth = 0;
     Component *mDragging = nullptr;
-    bool mDragJustStarted = false;
+    bool mDragJustStarted = false; ///< the next move is the first after the begin
     math::Vector2 mDragScrollOffset = math::Vector2(0, 0);
     bool mScrolledDuringDrag = false;
     std::string mTextBuffer;
@@ -374,10 +344,11 @@ private:
     float mTime = 0;
     core::SmartPtr<geometry::MeshDataAllocator> mGeometryAllocator;
 
-    bool mProcessingQueue = false;
-    std::atomic<int> mActivities{0}; ///< how many operations are under way, one inside the other
+    // What is under way: operations inside one another, what they keep, and the components that are being removed.
+    std::atomic<int> mActivities{0};
     std::vector<core::SmartPtr<const core::IRefCount>> mKept;
-    bool mShutdownRequested = false;
+    const Removal *mRemovals = nullptr;
+    std::atomic<bool> mShutdownRequested{false};
     bool mEnding = false;
 };
 

@@ -38,6 +38,9 @@ public:
     /// false, with `rgba` untouched, where a backend cannot.
     virtual bool readPixels(unsigned int x, unsigned int y, unsigned int width, unsigned int height, void *rgba);
 
+    /// Optional: whether the picture is repeated outside 0 to 1 instead of clamped. Never called for atlas pages.
+    virtual void setTextureRepeat(TextureId id, bool repeat);
+
     /// The longest side that `createTexture` accepts. 2048 where a backend says nothing.
     virtual unsigned int getMaximumTextureSize();
 };

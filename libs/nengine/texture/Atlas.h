@@ -9,6 +9,8 @@
 
 namespace nurel::texture {
 
+class AtlasPage;
+
 /// Packs glyphs and small images into a few textures of the backend, so that what stands on one screen mostly shares one.
 ///
 /// Pixels are premultiplied RGBA8. They are kept here and sent to the backend by `flush`, which the renderer calls once a
@@ -79,16 +81,11 @@ public:
     void flush();
 
 private:
-    struct Shelf;
-    struct Page;
-
-    Page *addPage(Kind kind);
-    Page *findPage(const RenderData *data) const;
-    bool place(Page &page, unsigned int w, unsigned int h, Region &out) const;
-    void write(Page &page, const Region &region, const void *rgba, Border border);
+    AtlasPage *addPage(Kind kind);
+    AtlasPage *findPage(const RenderData *data) const;
 
     std::shared_ptr<BackendLink> mLink;
-    std::vector<std::unique_ptr<Page>> mPages;
+    std::vector<std::unique_ptr<AtlasPage>> mPages;
     std::vector<std::uint8_t> mScratch; ///< the rectangle that is being sent
     Region mWhite;
     std::uint64_t mRevision = 0;

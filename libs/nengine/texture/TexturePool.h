@@ -3,7 +3,6 @@
 #include "foundation/core/Runnable.h"
 #include "nengine/texture/Texture.h"
 
-#include <functional>
 #include <map>
 #include <memory>
 #include <set>
@@ -31,9 +30,13 @@ class TexturePool {
 public:
     static constexpr unsigned int MAXIMUM_PACKED_SIDE = 256;
 
-    static bool isSingletonCreated() { return mSingleton != nullptr; }
-    static TexturePool &getSingleton() { return *mSingleton; }
-    static TexturePool *getSingletonPtr() { return mSingleton; }
+    static bool isSingletonCreated() { return mSINGLETON != nullptr; }
+
+    /// Raises `core::IllegalStateException` "There is no texture pool".
+    static TexturePool &getSingleton();
+
+    /// Null when there is none.
+    static TexturePool *getSingletonPtr() { return mSINGLETON; }
 
     /// Made by the engine, which keeps the renderer longer than the pool.
     explicit TexturePool(renderer::Renderer &renderer);
@@ -90,18 +93,19 @@ private:
     };
     struct Job;
 
-    Texture *makeTexture(const char *name);
-    void startLoading(Texture &texture);
-    void cancelLoading(const Texture &texture);
-    void finish(Job &job);
+    Texture *makeTexture(const char *name, bool isFile);
+    void startLoading(const std::string &name, Texture &texture);
+    void cancelLoading(Texture &texture);
+    void finish(const std::shared_ptr<Job> &job);
+    static void fail(Texture &texture, const char *reason);
     void registerImage(Texture &texture, const Image &image);
-    bool pack(Texture &texture, const Image &image);
-    RenderData *createRenderData(unsigned int width, unsigned int height, const void *rgba) const;
-    void unpack(Texture &texture);
-    void applyWrapping(const Texture &texture) const;
+    bool fill(Texture &texture, const std::uint8_t *rgba, unsigned int width, unsigned int height);
+    bool pack(Texture &texture, const std::uint8_t *rgba, unsigned int width, unsigned int height);
+    bool makeOwn(Texture &texture, const std::uint8_t *rgba, unsigned int width, unsigned int height);
+    void applyWrapping(Texture &texture);
     void textureDestroyed(Texture &texture);
 
-    static TexturePool *mSingleton;
+    static TexturePool *mSINGLETON;
 
     renderer::Renderer &mRenderer;
     Atlas &mAtlas;

@@ -1,0 +1,115 @@
+#!/usr/bin/env bash
+# The hello screen in a real window on a display of its own, used from outside as a person would: pointed at, clicked,
+# typed into, resized and closed. What reached the toolkit is read from the viewer's trace, what was drawn from the
+# display's memory. Usage: window.sh NUI_VIEWER REPOSITORY. Exit status 77: the display's programs are not installed.
+set -euo pipefail
+
+viewer=$1
+screen="$2/assets/screens/hello.ui"
+limit=30 # seconds that any single wait may take
+
+for program in Xvfb xdotool; do
+    command -v "$program" >/dev/null || {
+        echo "$program is not installed"
+        exit 77
+    }
+done
+
+folder=$(mktemp -d)
+pids=()
+trap 'kill "${pids[@]}" 2>/dev/null; wait; rm -rf "$folder"' EXIT
+
+fail() {
+    echo "FAILED: $*"
+    for file in "$folder"/*.log "$folder/trace.jsonl"; do
+        [ ! -s "$file" ] || { echo "--- $(basename "$file")" && tail -n 40 "$file"; }
+    done
+    exit 1
+}
+
+# Runs the command until it succeeds.
+wait_for() { # what for, command...
+    local what=$1 end=$((SECONDS + limit))
+    shift
+    until "$@" >/dev/null 2>&1; do
+        [ "$SECONDS" -lt "$end" ] || fail "waited $limit s for $what"
+        sleep 0.05
+    done
+}
+
+traced() { # what the trace has to hold from the mark on: a text, or several in one line
+    local lines text
+    lines=$(tail -n "+$((mark + 1))" "$folder/trace.jsonl")
+    for text in "$@"; do
+        lines=$(grep -F -e "$text" <<<"$lines") || return 1
+    done
+}
+
+# From here on only new lines of the trace count.
+mark_trace() { mark=$(wc -l <"$folder/trace.jsonl"); }
+
+# Does something with xdotool and waits for what it makes the trace say.
+act() { # words for xdotool, "--", texts that one line of the trace has to hold
+    local words=()
+    while [ "$1" != -- ]; do
+        words+=("$1")
+        shift
+    done
+    shift
+    mark_trace
+    xdotool "${words[@]}" || fail "xdotool ${words[*]}"
+    wait_for "a line with $* after '${words[*]}'" traced "$@"
+    echo "ok: ${words[*]} -> $*"
+}
+
+# Where a component of the screen stands in a window of this size: its centre in pixels.
+centre_of() { # component, width, height
+    local dump="$folder/$1.json"
+    "$viewer" "$screen" --headless --size "$2x$3" --frames 3 --dump "$dump" >"$folder/dump.log" 2>&1 ||
+        fail "the viewer could not dump the screen"
+    tr -d ' \n' <"$dump" | grep -o "\"name\":\"$1\"[^{}]*\"worldPosition\":\[[^]]*\]" |
+        sed 's/.*\[//; s/\]//; s/,/ /g' | awk 'NR == 1 { printf "%d %d\n", $1, $2 }'
+}
+
+drawn_bytes() { tr -d '\0' <"$folder/Xvfb_screen0" | wc -c; }
+
+# A display whose memory is a file; it says which number it took.
+Xvfb -displayfd 3 -screen 0 1400x900x24 -fbdir "$folder" -nolisten tcp 3>"$folder/display" >"$folder/xvfb.log" 2>&1 &
+pids+=($!)
+wait_for "the display" test -s "$folder/display"
+DISPLAY=":$(tr -d '[:space:]' <"$folder/display")"
+export DISPLAY SDL_VIDEODRIVER=x11
+unset WAYLAND_DISPLAY
+echo "ok: display $DISPLAY"
+
+read -r first_x first_y < <(centre_of first 1280 720) || fail "the dump does not tell where 'first' is"
+read -r small_x small_y < <(centre_of first 800 600) || fail "the dump does not tell where 'first' is in a small window"
+empty=$(drawn_bytes)
+
+"$viewer" "$screen" --trace "$folder/trace.jsonl" >"$folder/viewer.log" 2>&1 &
+viewer_pid=$!
+pids+=("$viewer_pid")
+mark=0
+wait_for "the window" xdotool search --onlyvisible --pid "$viewer_pid"
+window=$(xdotool search --onlyvisible --pid "$viewer_pid" | head -n 1)
+wait_for "the trace" test -e "$folder/trace.jsonl"
+has_drawn() { [ "$(drawn_bytes)" -gt $((empty + 2000)) ]; }
+wait_for "something drawn" has_drawn
+echo "ok: the window is drawn"
+
+xdotool windowfocus "$window"
+act mousemove --window "$window" 3 3 mousemove --window "$window" "$first_x" "$first_y" -- '"hovered":"first"'
+act click 1 -- '"event":"ET_CLICK_EVENT"' '"handler":"first"'
+wait_for "the focus" grep -qF '"focus":"first"' "$folder/trace.jsonl"
+act key Tab -- '"focus":"second"'
+act type n -- '"event":"ET_TEXT_EVENT"' '"text":"n"' '"handler":"second"'
+act key Return -- '"event":"ET_KEY_EVENT"' '"key":28' '"pressed":true' '"handler":"second"'
+act click 5 -- '"event":"ET_WHEEL_EVENT"'
+act mousemove --window "$window" 3 3 -- '"hovered":'
+act windowsize "$window" 800 600 mousemove --window "$window" "$small_x" "$small_y" -- '"hovered":"first"'
+
+kill -TERM "$viewer_pid"
+ended() { ! kill -0 "$viewer_pid" 2>/dev/null; }
+wait_for "the viewer's end" ended
+wait "$viewer_pid" || fail "the viewer ended with status $?"
+echo "ok: closed"

@@ -370,6 +370,10 @@ public:
     // --- The component's own drawable, made on first use
 
     scene::Mesh *getMesh();
+
+    /// Whether getMesh() has made the mesh already.
+    bool hasMesh() const { return mMesh.get() != nullptr; }
+
     math::Vector3 getMeshColor();
     void setMeshColor(const math::Vector3 &color);
     void setMeshProperty(scene::Property *property);
@@ -408,6 +412,12 @@ public:
 
 protected:
     Component(const char *name, const char *element);
+
+    /// The declared size that a class starts with. For constructors: nothing is marked, and no open animation records it.
+    void initializeSize(const math::Vector2 &absolute, const math::Vector2 &relative) {
+        mDeclaredSize.absolute = absolute;
+        mDeclaredSize.relative = relative;
+    }
 
     /// The view of this component under the skin: the one that it has, or else a new one, which is stored by setView().
     /// Every concrete class asks the skin for its own kind.
@@ -487,6 +497,7 @@ private:
     void correctPixels();
     void updateHDepth();
     void applyVisibility(bool visible);
+    void leaveManager() noexcept;
     void dropView();
     void checkThread() const;
 

@@ -1,0 +1,154 @@
+#include "nui/ui/ComponentView.h"
+
+#include "foundation/core/Type.h"
+#include "nengine/scene/properties/DepthProperty.h"
+#include "nui/ui/Container.h"
+#include "nui/ui/Skin.h"
+
+#include <algorithm>
+
+namespace nurel::ui {
+
+constinit const core::Type ComponentView::TYPE("ComponentView", &scene::Node::TYPE);
+
+namespace {
+
+/// Frames that are no views of a component stand below all of them.
+int zIndexOf(const scene::Frame &frame) {
+    if (!frame.instanceOf(ComponentView::TYPE))
+        return 0;
+    const Component *component = static_cast<const ComponentView &>(frame).getComponent();
+    return component ? component->getZIndex() : 0;
+}
+
+} // namespace
+
+ComponentView::ComponentView(const char *name, Component *component, Skin *skin)
+    : scene::Node(name), mSkin(skin), mComponent(component) {
+    setProperty(new scene::properties::DepthProperty("", true, false));
+}
+
+ComponentView::~ComponentView() = default;
+
+void ComponentView::updateComponent() {
+    if (!mComponent || !mComponent->isDirty(Component::DIRTY_POSITION | Component::DIRTY_CONTENT))
+        return;
+    mComponent->updatePosition();
+    mComponent->updateContent();
+}
+
+void ComponentView::updateView() {
+    updateComponent();
+    if (!mComponent)
+        return;
+    const Component &component = *mComponent;
+    setRotation(component.getRotation(), false);
+    setScale(component.getScale(), 1);
+    setTranslation(component.getParentRelativePosition());
+    setHidden(!component.isVisible());
+}
+
+void ComponentView::childrenUpdated(bool) {}
+
+bool ComponentView::updateInternal(float time, bool parentChanged) {
+    const bool changed = scene::Node::updateInternal(time, parentChanged);
+    childrenUpdated(changed);
+    return changed;
+}
+
+void ComponentView::onVisible(scene::Culler *culler, math::Frustum::EFrustumResult result) {
+    const Container *parent = mComponent ? mComponent->getParent() : nullptr;
+    if (parent) {
+        const math::Vector2 reach = (mComponent->getNaturalSize() + parent->getNaturalSize()) * 0.5f;
+        const math::Vector3 &position = mComponent->getParentRelativePosition();
+        if (!(position.x > -reach.x && position.x < reach.x && position.y > -reach.y && position.y < reach.y))
+            return;
+    }
+    scene::Node::onVisible(culler, result);
+}
+
+scene::Node *ComponentView::getContent() {
+    if (!mContent) {
+        mContent = new scene::Node("content");
+        appendChild(mContent.get());
+    }
+    return mContent.get();
+}
+
+scene::Node *ComponentView::getUnderlay() {
+    if (!mUnderlay) {
+        getContent();
+        mUnderlay = new scene::Node("underlay");
+        prependChild(mUnderlay.get());
+    }
+    return mUnderlay.get();
+}
+
+scene::Node *ComponentView::getOverlay() {
+    if (!mOverlay) {
+        getContent();
+        mOverlay = new scene::Node("overlay");
+        appendChild(mOverlay.get());
+    }
+    return mOverlay.get();
+}
+
+void ComponentView::insertView(ComponentView *view) {
+    if (!view)
+        return;
+    scene::Node *content = getContent();
+    content->removeChild(view);
+    const Component *component = view->mComponent;
+    const int zIndex = component ? component->getZIndex() : 0;
+    const Container *parent = component ? component->getParent() : nullptr;
+    if (!parent || zIndex < parent->getZIndexMax()) {
+        const auto &children = content->getChildren();
+        const auto behind = std::find_if(children.begin(), children.end(),
+                                         [&](const auto &child) { return zIndexOf(*child) > zIndex; });
+        content->insertChild(view, static_cast<unsigned int>(behind - children.begin()));
+    } else {
+        content->appendChild(view);
+    }
+    updateProperties();
+}
+
+void ComponentView::removeView(ComponentView *view) {
+    if (mContent)
+        mContent->removeChild(view);
+}
+
+void ComponentView::componentAdded(Component *component) {
+    if (component)
+        insertView(component->visit(mSkin.get()));
+}
+
+void ComponentView::componentRemoved(Component *component) {
+    if (component && component->hasView())
+        removeView(component->getView());
+}
+
+void ComponentView::applyZIndex() {
+    if (!mContent)
+        return;
+    auto &children = mContent->getChildren();
+    std::stable_sort(children.begin(), children.end(),
+                     [](const auto &a, const auto &b) { return zIndexOf(*a) < zIndexOf(*b); });
+    mContent->childrenReordered();
+}
+
+void ComponentView::forceDirty() {
+    if (mComponent)
+        mComponent->setDirty(Component::DIRTY_POSITION);
+}
+
+void ComponentView::dropComponent(const Component *component) {
+    if (mComponent == component)
+        mComponent = nullptr;
+}
+
+void ComponentView::adoptComponent(Component *component) {
+    if (!mComponent)
+        mComponent = component;
+}
+
+} // namespace nurel::ui

@@ -1,0 +1,181 @@
+#include "foundation/core/Exception.h"
+#include "nui/ui/ComponentView.h"
+#include "nui/ui/Container.h"
+#include "nui/ui/Layout.h"
+#include "nui/ui/Skin.h"
+#include "nui/ui/detail/ManagerAccess.h"
+
+#include <algorithm>
+#include <cassert>
+
+namespace nurel::ui {
+
+namespace {
+
+bool isBelow(const core::SmartPtr<Component> &a, const core::SmartPtr<Component> &b) {
+    return a->getZIndex() < b->getZIndex();
+}
+
+/// What is leaving the tree loses focus, hover and the like. Callbacks run here.
+void announceRemoval(Component &child) {
+    if (UIManager *manager = detail::findManager())
+        manager->checkComponentRemoval(&child);
+}
+
+} // namespace
+
+void Container::_addChild(Component *child, bool useLayout) {
+    if (!child)
+        return;
+    // 1. and 2.
+    if (child->mParent == this)
+        return;
+    if (child->mParent)
+        throw core::IllegalStateException("Component already has a parent");
+    if (isDescendantOf(child))
+        throw core::IllegalStateException("Component %s cannot be put into itself or its own descendant %s",
+                                          child->getName(), getName());
+    // 3. and 4.
+    insertByZIndex(child);
+    child->setParent(this);
+    // 5.
+    if (useLayout && mLayout)
+        mLayout->addComponent(child);
+    // 6. A skin sees the tree below a view, so the child gets its view at once
+    if (ComponentView *view = getView())
+        view->insertView(child->visit(view->getSkin()));
+    // 7. and 8.
+    updateZIndexRangeAfterInsertion(child->mZIndex);
+    setDirty(DIRTY_VIEW | DIRTY_CONTENT);
+}
+
+void Container::insertByZIndex(Component *child) {
+    auto position = mChildren.end();
+    if (child->mZIndex < mZIndexMax) {
+        const auto isAbove = [child](const core::SmartPtr<Component> &other) {
+            return other->mZIndex > child->mZIndex;
+        };
+        position = isDirty(DIRTY_ZORDER) // not sorted as yet
+                       ? std::find_if(mChildren.begin(), mChildren.end(), isAbove)
+                       : std::partition_point(mChildren.begin(), mChildren.end(),
+                                              [&](const auto &other) { return !isAbove(other); });
+    }
+    mChildren.insert(position, core::SmartPtr<Component>(child));
+}
+
+void Container::removeChild(Component *child) {
+    if (!child)
+        return;
+    if (mLayout)
+        mLayout->removeComponent(child);
+    if (!hasChild(child))
+        return;
+    const Keeper self(this);
+    const core::SmartPtr<Component> kept(child);
+    announceRemoval(*child);
+    if (!hasChild(child)) // a callback was faster
+        return;
+    detachView(*child);
+    detachAt(static_cast<std::size_t>(getChildIndex(child)));
+    setDirty(DIRTY_VIEW | DIRTY_CONTENT);
+    updateZIndexRangeAfterRemoval(child->mZIndex);
+}
+
+void Container::removeChildAt(unsigned int index) {
+    if (index >= getChildCount())
+        return;
+    const Keeper self(this);
+    const core::SmartPtr<Component> child = mChildren[index];
+    announceRemoval(*child);
+    if (!hasChild(child.get()))
+        return;
+    detachView(*child);
+    if (mLayout)
+        mLayout->removeComponent(child.get());
+    detachAt(static_cast<std::size_t>(getChildIndex(child.get())));
+    updateZIndexRangeAfterRemoval(child->mZIndex);
+    setDirty(DIRTY_VIEW | DIRTY_CONTENT);
+}
+
+void Container::clearChildren() {
+    if (mLayout)
+        mLayout->clearComponents();
+    const Keeper self(this);
+    const std::vector<core::SmartPtr<Component>> announced = mChildren; // callbacks may change the list
+    for (const auto &child : announced)
+        announceRemoval(*child);
+    std::vector<core::SmartPtr<Component>> removed;
+    removed.swap(mChildren);
+    mScrollInfoH.bar = nullptr;
+    mScrollInfoV.bar = nullptr;
+    for (const auto &child : removed) {
+        detachView(*child);
+        child->setParent(nullptr);
+    }
+    setScrollOffset(math::Vector2(0, 0));
+    mZIndexMin = 0; // the maximum keeps its value
+    setDirty(DIRTY_VIEW | DIRTY_CONTENT);
+}
+
+void Container::detachView(Component &child) {
+    if (hasView() && child.hasView())
+        getView()->removeView(child.getView());
+}
+
+void Container::detachAt(std::size_t index) {
+    mChildren[index]->setParent(nullptr);
+    mChildren.erase(mChildren.begin() + static_cast<std::ptrdiff_t>(index));
+}
+
+unsigned int Container::getChildCount() const {
+    // The bars have the highest z-index and so stand at the end.
+    std::size_t count = mChildren.size();
+    for (int bars = 0; bars < 2 && count > 0 && isBar(mChildren[count - 1].get()); ++bars)
+        --count;
+    return static_cast<unsigned int>(count);
+}
+
+Component *Container::getChildAt(unsigned int index) const {
+    assert(index < mChildren.size());
+    return mChildren[index].get();
+}
+
+int Container::getChildIndex(const Component *child) const {
+    const auto found = std::find(mChildren.begin(), mChildren.end(), child);
+    return found == mChildren.end() ? -1 : static_cast<int>(found - mChildren.begin());
+}
+
+bool Container::hasChild(const Component *child) const {
+    const auto end = mChildren.begin() + static_cast<std::ptrdiff_t>(getChildCount());
+    return std::find(mChildren.begin(), end, child) != end;
+}
+
+void Container::updateZIndexRangeAfterInsertion(int zIndex) {
+    if (zIndex < mZIndexMin)
+        mZIndexMin = zIndex;
+    else if (zIndex > mZIndexMax)
+        mZIndexMax = zIndex;
+}
+
+void Container::updateZIndexRangeAfterRemoval(int zIndex) {
+    if (mChildren.empty()) {
+        mZIndexMin = 0;
+        mZIndexMax = 0;
+        return;
+    }
+    if (isDirty(DIRTY_ZORDER))
+        applyZIndex();
+    if (zIndex == mZIndexMin)
+        mZIndexMin = mChildren.front()->mZIndex;
+    else if (zIndex == mZIndexMax)
+        mZIndexMax = mChildren.back()->mZIndex;
+}
+
+void Container::applyZIndex() {
+    std::stable_sort(mChildren.begin(), mChildren.end(), isBelow);
+    setClean(DIRTY_ZORDER);
+    if (hasView())
+        getView()->applyZIndex();
+}
+
+} // namespace nurel::ui

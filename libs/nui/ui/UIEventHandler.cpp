@@ -1,0 +1,56 @@
+#include "nui/ui/UIEventHandler.h"
+
+#include "foundation/core/Exception.h"
+#include "foundation/core/Type.h"
+
+#include <utility>
+
+namespace nurel::ui {
+
+constinit const core::Type UIEventHandler::TYPE("UIEventHandler", &core::NamedObject::TYPE);
+
+UIEventHandler *UIEventHandler::Keeper::release() {
+    UIEventHandler *handler = std::exchange(mHandler, nullptr);
+    if (handler && handler->decRef() == 0 && mCounted) {
+        handler->dispose();
+        return nullptr;
+    }
+    return handler;
+}
+
+UIEventHandler *UIEventHandler::handleEvent(const UIEvent &event) {
+    UIEventHandler *next = nextHandler();
+    return next ? next->handleEvent(event) : nullptr;
+}
+
+UIEventHandler *UIEventHandler::filterEvent(const UIEvent &event, UIEventHandler *handler) {
+    const Keeper self(this);
+    triggerCallbacks(this, event, handler);
+    UIEventHandler *next = nextHandler();
+    return next ? next->filterEvent(event, handler) : handler;
+}
+
+void UIEventHandler::_clone(core::Object *target, core::CloningOptions &options) const {
+    if (!target || !target->instanceOf(TYPE))
+        throw core::IllegalArgumentException("%s cannot be cloned into %s", getType().getName(),
+                                             target ? target->getType().getName() : "nothing");
+    core::NamedObject::_clone(target, options);
+    static_cast<UIEventHandler *>(target)->mEventMask = mEventMask;
+}
+
+template <class Event>
+UIEventHandler *UIEventHandler::passOn(const Event &event) {
+    UIEventHandler *next = nextHandler();
+    return next ? next->processEvent(event) : nullptr;
+}
+
+UIEventHandler *UIEventHandler::processEvent(const TextEvent &event) { return passOn(event); }
+UIEventHandler *UIEventHandler::processEvent(const KeyEvent &event) { return passOn(event); }
+UIEventHandler *UIEventHandler::processEvent(const DragEvent &event) { return passOn(event); }
+UIEventHandler *UIEventHandler::processEvent(const WheelEvent &event) { return passOn(event); }
+UIEventHandler *UIEventHandler::processEvent(const ClickEvent &event) { return passOn(event); }
+UIEventHandler *UIEventHandler::processEvent(const MouseEvent &event) { return passOn(event); }
+UIEventHandler *UIEventHandler::processEvent(const HoverEvent &event) { return passOn(event); }
+UIEventHandler *UIEventHandler::processEvent(const FocusEvent &event) { return passOn(event); }
+
+} // namespace nurel::ui

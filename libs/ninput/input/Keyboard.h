@@ -10,8 +10,8 @@ namespace nurel::input {
 /// whose keys arrive elsewhere carries them over to that thread before it calls `inject`.
 class Keyboard {
 public:
-    /// Scan codes of a PC keyboard, set 1; a key that sends a prefix has 0x80 added to its code. They name places on the
-    /// board and not letters: K_Q is the key right of Tab, whatever is printed on it.
+    /// Scan codes of a PC keyboard, set 1; a key that sends a prefix has 0x80 added to its code. They name places on
+    /// the board and not letters: K_Q is the key right of Tab, whatever is printed on it.
     enum Key {
         K_ESCAPE = 0x01,
         K_1 = 0x02,
@@ -135,17 +135,17 @@ public:
     Keyboard(const Keyboard &) = delete;
     Keyboard &operator=(const Keyboard &) = delete;
 
-    /// Adds a subscriber behind the others and returns its id, which is never 0. An empty function is not added and gives
-    /// 0. One that is added during `inject` hears the next key first.
+    /// Adds a subscriber behind the others and returns its id, which is never 0. An empty function is not added and
+    /// gives 0. One that is added during `inject` hears the next key first.
     unsigned subscribe(Callback callback);
 
     /// Ends a subscription; false when the id is unknown. A subscriber may end itself or others while it is called: one
     /// that has been ended is not called any more, not even for the key that is being handed out.
     bool unsubscribe(unsigned id);
 
-    /// Hands a key to the subscribers in the order of subscription, each with a copy of its own. May be called again by a
-    /// subscriber. What a subscriber throws passes through, and those behind it are not called. The keyboard must not be
-    /// destroyed meanwhile.
+    /// Hands a key to the subscribers in the order of subscription, each with a copy of its own. May be called again by
+    /// a subscriber. What a subscriber throws passes through, and those behind it are not called. The keyboard must not
+    /// be destroyed meanwhile.
     void inject(int key, bool pressed);
 
 private:

@@ -2,6 +2,7 @@
 
 #include "nmain/parser/Token.h"
 
+#include <bitset>
 #include <cstddef>
 #include <string>
 #include <vector>
@@ -26,7 +27,8 @@ public:
     /// What a comment test says of a place in the text.
     enum CommentGuess { CG_NONE = 0, CG_COMMENT = 2 };
 
-    /// @param lookAhead    how many characters each test may look at, at least; the marks add to it what they need. Past
+    /// @param lookAhead    how many characters each test may look at, at least; the marks add to it what they need.
+    /// Past
     ///                     the end of input a test sees the terminator.
     /// @param bufferSize   how many bytes are asked of the stream at once.
     Lexer(unsigned int lookAhead, unsigned int bufferSize);
@@ -34,8 +36,8 @@ public:
     Lexer &operator=(const Lexer &) = delete;
     virtual ~Lexer();
 
-    /// Starts again at line 1 and column 1 of a stream, which stays the caller's and must live until it has been read or
-    /// another is set. Null is an empty input.
+    /// Starts again at line 1 and column 1 with a stream, which stays the caller's and must live until it has been read
+    /// or another is set. Nothing is read yet. Null is an empty input.
     void setInputStream(stream::InputStream *stream);
 
     /// The next token; at the end of input always the token for which Token::isEOF holds. Never null. Raises whatever
@@ -50,7 +52,8 @@ public:
     Token *findToken(unsigned int id) const;
 
 protected:
-    /// The longest enabled mark with which the text begins or, with `whole`, which is the whole text. Null when none is.
+    /// The longest enabled mark with which the text begins or, with `whole`, which is the whole text. Null when none
+    /// is.
     virtual Token *findToken(const char *text, bool whole) const;
 
     /// Whether a word goes on here: neither ignorable nor a mark nor the end.
@@ -89,24 +92,27 @@ protected:
 
 private:
     bool fill();
-    const char *look();
+    const char *here() const { return mBuffer.data() + mPosition; }
     void advance(std::size_t count);
+    void take();
     void skipByteOrderMark();
-    bool skipIgnorable();
+    void skipIgnorable();
     void skipLine();
     void skipComment();
-    Token *readString();
-    Token *readWord();
+    void readString();
+    void readWord();
 
     std::vector<Token *> mTokens;
+    std::bitset<256> mFirstBytes; // those with which a registered mark begins
     Token mEnd;
-    stream::InputStream *mStream;
-    std::vector<char> mBuffer; // read and not yet used: mBuffer[mPosition .. mLength), then a terminator
+    stream::InputStream *mStream; // null when it has been read to its end
+    std::vector<char> mBuffer;    // what is read and not yet used, mPosition to mLength, and a terminator
     std::size_t mPosition;
     std::size_t mLength;
     std::size_t mLookAhead;
     std::size_t mChunk;
-    std::string mWord;
+    std::string mWord; // the word or string that was read last
+    bool mStarted;
     int mLine;
     int mColumn;
 };

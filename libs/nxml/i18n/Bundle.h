@@ -19,15 +19,15 @@ public:
     /// serve every language; see normaliseLocale.
     explicit Bundle(const char *locale);
 
-    /// Reads an XML catalogue: a root element `<catalogue locale="de">` of `<text key="OK">Gut</text>` elements. Of equal
-    /// keys the last holds. The result's reference is the caller's; the stream stays the caller's too. Raises
+    /// Reads an XML catalogue: a root element `<catalogue locale="de">` of `<text key="OK">Gut</text>` elements. Of
+    /// equal keys the last holds. The result's reference is the caller's; the stream stays the caller's too. Raises
     /// CatalogueException "<stream>:<line>:<column>: <reason>" when the text is no such catalogue, and what the stream
     /// raises.
     static Bundle *parseXML(stream::InputStream &stream);
 
-    /// Reads a gettext catalogue (.po, UTF-8). The locale is the header's "Language"; `locale` holds when the header has
-    /// none. Fuzzy, obsolete and untranslated entries are left out, of plural forms the first is taken, and an entry
-    /// with a context has the key "<context>\004<id>". Otherwise as parseXML.
+    /// Reads a gettext catalogue (.po, UTF-8). The locale is the header's "Language"; `locale` holds when the header
+    /// has none. Fuzzy, obsolete and untranslated entries are left out, of plural forms the first is taken, and an
+    /// entry with a context has the key "<context>\004<id>". Otherwise as parseXML.
     static Bundle *parsePO(stream::InputStream &stream, const char *locale = "");
 
     /// parsePO for a stream whose name ends in ".po", else parseXML.

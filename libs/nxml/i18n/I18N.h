@@ -49,7 +49,8 @@ public:
     /// text or the given key.
     const char *operator[](const char *key) const;
 
-    /// Replaces each "${key}" of the text by the key's text. An unknown key stands for itself or, with `markUnknown`, as
+    /// Replaces each "${key}" of the text by the key's text. An unknown key stands for itself or, with `markUnknown`,
+    /// as
     /// "!key!". What is put in is not searched again, and a "${" without a "}" stays as it is. The result is written to
     /// `buffer`, whose text is returned and lives as long as the buffer is left alone. `text` may lie in the buffer;
     /// null counts as "".

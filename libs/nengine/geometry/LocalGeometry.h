@@ -41,8 +41,8 @@ public:
     void clear();
 
     /// What is added from here on belongs to this page. The page is not counted here; the mesh counts it. Going on with the
-    /// page of the last run goes on with that run.
-    /// With ownColors the material's colour is not multiplied into it, only its alpha.
+    /// page of the last run goes on with that run. With `ownColors` the material's colour is not multiplied into it, only
+    /// its alpha.
     void beginRun(texture::RenderData *page, bool ownColors = false);
 
     /// Adds a quad to the last run; corners (x0, y0) and (x1, y1) are opposite ones. Only for geometries without indices.

@@ -16,6 +16,8 @@ struct DrawVertex {
     float x, y, z;
     float u, v;         ///< 0 to 1 over the whole texture, v downward from its first row of pixels
     std::uint32_t rgba; ///< premultiplied by its alpha; red in the low byte, alpha in the high one
+
+    bool operator==(const DrawVertex &) const = default;
 };
 
 /// How a command's colours meet those that are already there.
@@ -57,6 +59,16 @@ struct DrawCommand {
     StencilOperation opDepthFail = StencilOperation::KEEP;
     StencilOperation opPass = StencilOperation::KEEP;
     std::uint8_t colorMask = 3; ///< bit 0 writes red, green and blue, bit 1 alpha; 0 marks the stencil buffer only
+
+    bool operator==(const DrawCommand &) const = default;
+
+    /// Whether all is equal but the range of indices.
+    bool hasSameState(const DrawCommand &other) const {
+        DrawCommand same = other;
+        same.firstIndex = firstIndex;
+        same.indexCount = indexCount;
+        return same == *this;
+    }
 };
 
 /// Everything that one submission draws: plain data, nothing in it points into the scene.

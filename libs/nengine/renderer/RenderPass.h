@@ -11,7 +11,9 @@ namespace nurel::renderer {
 
 class DrawListBuilder;
 class FrameBuffer;
+class Renderer;
 class Sorter;
+struct FrameTarget;
 
 /// Draws its views one after the other into one target. Each view is one draw list: built when something that is seen has
 /// changed, mended where only vertices have, and otherwise submitted again as it is.
@@ -58,6 +60,9 @@ public:
 
 private:
     struct Entry;
+
+    FrameTarget getTarget(const Renderer &renderer) const;
+    void prepareView(Entry &entry, const FrameTarget &target, Renderer &renderer);
 
     core::SmartPtr<FrameBuffer> mFrameBuffer;
     core::SmartPtr<Sorter> mSorter;

@@ -64,9 +64,9 @@ public:
 
     TaskQueue &getTaskQueue() { return mTaskQueue; }
 
-    /// Gives the sorter that a render pass is to use in place of the one that its maker wants. This one gives that one
-    /// back; a renderer with another idea of order overrides it. A sorter that is not given back is disposed of when its
-    /// count is 0, so the caller does not hold on to it.
+    /// Gives the sorter that a render pass is to use for the one that its maker wants. This one gives that one back; a
+    /// renderer with another idea of order overrides it. Whoever overrides it takes over the sorter that he gets, be it by
+    /// wrapping it or by disposing of it; the sorter that he gives back is the caller's, with count 0 if it is new.
     virtual Sorter *prepareSorter(Sorter *sorter);
 
     /// The pages that textures and glyphs are packed in. Null before the engine made it.

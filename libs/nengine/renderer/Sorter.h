@@ -31,7 +31,7 @@ public:
     /// The set stays its owner's and is valid until the end of the pass's `prepare`. Null is skipped.
     void add(scene::VisibilitySet *set);
 
-    /// Called once a frame, after all sets were added. May change the order inside each set.
+    /// Called for each view of a pass, after its set was added. May change the order inside a set.
     virtual void sort();
 
 protected:

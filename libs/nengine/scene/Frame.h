@@ -76,7 +76,9 @@ public:
     /// was updated. Never null for the indexes in use; null for others.
     Property *getProperty(unsigned int index) const;
 
-    /// Makes the property this frame's own in place of the one with the same index; null is ignored.
+    /// Makes the property this frame's own in place of the one with the same index; null is ignored. A property that has an
+    /// index in use but is not of that index's class raises `core::IllegalArgumentException`
+    /// "%s cannot be property %u".
     void setProperty(Property *property);
 
     /// Takes the frame's own property of this index away; nothing happens when it has none.
@@ -100,7 +102,8 @@ public:
     /// For frames with effects of their own that a walk has to start; this one does nothing.
     virtual void updateFX();
 
-    /// Takes over what the parents' properties say now. Frames below follow at their next use.
+    /// Takes over what the parents' properties say now, theirs first. Frames below follow with the next update, and at once
+    /// where `getProperty` is asked.
     virtual void updateProperties();
 
     /// Tells the parents that the space taken by this frame changed.
@@ -115,6 +118,9 @@ public:
 
 protected:
     void setWorldTransform(const math::Matrix4 &world);
+
+    /// Frame to world, through the parents where these were not updated.
+    math::Matrix4 getCurrentWorldTransform() const;
 
     enum Flag : std::uint16_t {
         HIDDEN = 0x01,
@@ -135,10 +141,11 @@ private:
 
     Transform &needTransform();
     void computeWorldTransform();
-    math::Matrix4 getCurrentWorldTransform() const;
     bool isWorldTransformCurrent() const;
     void cloneProperties(Frame &target, core::CloningOptions &options) const;
     void setParent(Node *parent);
+    void inheritProperties();
+    void inheritPropertiesFromRoot();
 
     Node *mParent = nullptr;
     std::unique_ptr<Transform> mTransform;

@@ -8,8 +8,9 @@ class MeshGeometry;
 } // namespace nurel::geometry
 
 namespace nurel::texture {
+class Atlas;
 class Texture;
-}
+} // namespace nurel::texture
 
 namespace nurel::scene {
 
@@ -44,13 +45,13 @@ public:
     texture::Texture *getTexture() const;
 
     void onVisible(Culler *culler, math::Frustum::EFrustumResult result) override;
-    void updateProperties() override;
 
-    /// Brings everything that is drawn up to date and gives it out; null when there is nothing to draw. For the renderer.
-    const geometry::MeshGeometry *prepareGeometry(const DrawContext &context);
+    /// Brings what is drawn up to date and gives it out; null when there is nothing to draw. For the renderer. Adds the
+    /// vertices that had to be computed to `rebuiltVertices`.
+    const geometry::MeshGeometry *prepareGeometry(const DrawContext &context, std::uint64_t &rebuiltVertices);
 
-    /// Makes everything from nothing, into other objects than the ones kept. For checks of what is kept.
-    bool rebuildGeometry(const DrawContext &context, geometry::MeshGeometry &out);
+    /// Makes all of it from nothing, into `out`, and leaves what is kept alone. For checks of what is kept.
+    void rebuildGeometry(const DrawContext &context, geometry::MeshGeometry &out);
 
 protected:
     /// Fills the geometry in the mesh's own space; `out` is empty when it comes. Returns false when there is nothing to
@@ -63,9 +64,11 @@ protected:
     virtual void viewChanged(const DrawContext &context);
 
 private:
-    bool isGeometryCurrent(const DrawContext &context);
-    void buildLocal(geometry::MeshGeometry &out);
-    void buildWorld(const DrawContext &context, geometry::MeshGeometry &out) const;
+    void noticeView(const DrawContext &context);
+    void noticeTexture();
+    void buildLocal(geometry::MeshGeometry &out, const texture::Atlas *atlas);
+    void buildWorld(geometry::MeshGeometry &out) const;
+    geometry::MeshGeometry &needGeometry();
 
     std::unique_ptr<geometry::MeshGeometry> mGeometry;
 };

@@ -68,16 +68,16 @@ protected:
     bool buildGeometry(geometry::LocalGeometry &out) override;
 
 private:
-    struct Skins;
+    struct Options;
     struct Cuts;
 
-    const Skins &getSkins() const;
-    Skins &needSkins();
+    const Options &getOptions() const;
+    template <class T>
+    void setOption(T Options::*option, const T &value);
     math::Vector2 getCurrentSkinOrigin(const math::Vector2 &skinSize) const;
-    static Cuts cutAxis(float size, float before, float after, float skinStart, float skinSize, BorderFixMode mode);
 
     math::Vector4 mBorder;
-    std::unique_ptr<Skins> mSkins;
+    std::unique_ptr<Options> mOptions; ///< null: all as at first, as for most
 };
 
 } // namespace nurel::scene::meshes

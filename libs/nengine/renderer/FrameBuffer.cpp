@@ -1,0 +1,7 @@
+#include "nengine/renderer/FrameBuffer.h"
+
+namespace nurel::renderer {
+
+constinit const ::core::Type FrameBuffer::TYPE("FrameBuffer", &core::Object::TYPE);
+
+} // namespace nurel::renderer

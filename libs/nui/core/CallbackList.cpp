@@ -20,7 +20,7 @@ void destroyChain(CallbackList::Entry *entry) {
 CallbackList::Pass::Pass(CallbackList &list) : mList(list) { ++mList.mPasses; }
 
 CallbackList::Pass::~Pass() {
-    if (mList.mPasses == 1 && !mList.mAbandoned && mList.mHasRemoved)
+    while (mList.mPasses == 1 && !mList.mAbandoned && mList.mHasRemoved)
         mList.sweep();
     if (--mList.mPasses == 0 && mList.mAbandoned)
         delete &mList;

@@ -30,4 +30,4 @@ run_step("configuring the project" ${CMAKE_COMMAND} -S ${CONSUMER} -B ${WORK_FOL
 run_step("building the project" ${CMAKE_COMMAND} --build ${WORK_FOLDER}/build)
 
 expect_output(screen "label 'greeting' says Hello\n1 frame submitted\n")
-expect_output(backends "gles egl sdl\n")
+expect_output(backends "gles egl sdl, window of 1280x720\n")

@@ -7,8 +7,10 @@
 
 namespace nurel::egl {
 
+class Display;
+
 /// A GL context with a frame buffer of its own, for drawing without a window: 8 bits each of red, green, blue, alpha and
-/// stencil. Works without a display and, by a software driver, without a GPU. One thread uses it.
+/// stencil. Works without a display and, by a software driver, without a GPU. One at a time in a process; one thread uses it.
 class HeadlessContext {
 public:
     enum class Api {
@@ -40,8 +42,6 @@ public:
     std::string getDescription() const;
 
 private:
-    class Display;
-
     std::unique_ptr<Display> mDisplay;
     std::uint32_t mFrameBuffer = 0;
     std::uint32_t mColor = 0;

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstddef>
+#include <set>
 
 namespace nurel::gles {
 
@@ -18,8 +19,8 @@ namespace nurel::gles {
 /// offset, primitive restart and the conversion to sRGB are as a new context has them. All else it sets itself and leaves
 /// behind: program, vertex array, array buffer, the active texture unit and its texture and sampler, viewport, blending,
 /// stencil, write masks and clear values; depth test, scissor test and face culling are off. The texture operations leave
-/// behind the 2D texture of the active unit and the unpack state. A program that draws between frames keeps its own state
-/// with a `StateGuard`.
+/// behind the active unit, its 2D texture and the unpack state. A program that draws between frames keeps its own state with
+/// a `StateGuard`.
 class GlesBackend : public renderer::Backend {
 public:
     /// Raises `core::IllegalStateException` when the context is too old or its shader compiler refuses the shaders.
@@ -60,6 +61,7 @@ private:
     void draw(const renderer::DrawCommand &command, const renderer::DrawCommand *previous);
 
     std::array<Buffers, 4> mBuffers; ///< as many lists as are kept from frame to frame
+    std::set<renderer::TextureId> mTextures;
     std::uint64_t mSubmits = 0;
     std::size_t mUploadedBytes = 0;
     std::uint32_t mProgram = 0;

@@ -14,6 +14,8 @@ bool Backend::readPixels(unsigned int, unsigned int, unsigned int, unsigned int,
     return false;
 }
 
+void Backend::setTextureRepeat(TextureId, bool) {}
+
 unsigned int Backend::getMaximumTextureSize() {
     return SAFE_TEXTURE_SIZE;
 }

@@ -1,0 +1,84 @@
+#include "ComponentFinder.h"
+
+#include "nengine/scene/Camera.h"
+#include "nui/ui/ComponentView.h"
+#include "nui/ui/Container.h"
+#include "nui/ui/UIManager.h"
+#include "nui/ui/Widget.h"
+#include "nui/ui/components/Label.h"
+
+#include <string_view>
+
+namespace viewer {
+
+using nurel::math::Vector2;
+using nurel::math::Vector4;
+using nurel::ui::Component;
+using nurel::ui::Container;
+using nurel::ui::UIManager;
+
+namespace {
+
+Component *findBelow(Component &component, std::string_view path);
+
+Component *findInChildren(Component &component, std::string_view path) {
+    if (!component.isContainer())
+        return nullptr;
+    const auto &container = static_cast<Container &>(component);
+    for (unsigned int i = 0; i < countEntries(container); ++i) {
+        if (Component *found = findBelow(*container.getChildAt(i), path))
+            return found;
+    }
+    return nullptr;
+}
+
+/// Searches the component itself and what is inside it.
+Component *findBelow(Component &component, std::string_view path) {
+    const std::size_t slash = path.find('/');
+    if (path.substr(0, slash) == component.getName()) {
+        if (slash == std::string_view::npos)
+            return &component;
+        if (Component *found = findInChildren(component, path.substr(slash + 1)))
+            return found;
+    }
+    return findInChildren(component, path);
+}
+
+} // namespace
+
+Component *findComponent(const char *path) {
+    const UIManager &manager = UIManager::getSingleton();
+    for (unsigned int i = manager.getWidgetCount(); i-- > 0;) {
+        if (Component *found = findBelow(*manager.getWidgetAt(i), path))
+            return found;
+    }
+    return nullptr;
+}
+
+unsigned int countEntries(const Container &container) {
+    const unsigned int bars = (container.getScrollInfoH().bar ? 1U : 0U) + (container.getScrollInfoV().bar ? 1U : 0U);
+    return container.getChildCount() + bars;
+}
+
+const char *getComponentText(const Component &component) {
+    if (component.instanceOf(nurel::ui::components::Label::TYPE))
+        return static_cast<const nurel::ui::components::Label &>(component).getText();
+    return nullptr;
+}
+
+Vector2 getScreenCenter(const Component &component) {
+    const UIManager &manager = UIManager::getSingleton();
+    Vector2 point(component.getWorldPosition());
+    if (component.hasView()) {
+        const nurel::scene::Camera &camera = *manager.getCamera();
+        const Vector4 world(component.getView()->getWorldTransform().getTranslation(), 1);
+        const Vector4 clip = camera.getProjection() * (camera.getWorldInverseTransform() * world);
+        if (clip.w > 0) {
+            point.x = (clip.x / clip.w + 1) * 0.5F * static_cast<float>(manager.getScreenWidth());
+            point.y = (1 - clip.y / clip.w) * 0.5F * static_cast<float>(manager.getScreenHeight());
+        }
+    }
+    return {point.x / manager.getScale().x, point.y / manager.getScale().y};
+}
+
+} // namespace viewer

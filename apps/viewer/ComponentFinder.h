@@ -1,0 +1,25 @@
+#pragma once
+
+#include "nmain/math/Vector2.h"
+
+namespace nurel::ui {
+class Component;
+class Container;
+} // namespace nurel::ui
+
+namespace viewer {
+
+/// The component of a name, searched depth first through the widgets from the topmost down. A path such as "form/ok"
+/// descends: the component "ok" somewhere inside the component "form". Null when there is none.
+nurel::ui::Component *findComponent(const char *path);
+
+/// How many children a container has, its scroll bars included: they stand behind the others.
+unsigned int countEntries(const nurel::ui::Container &container);
+
+/// The text that a component shows, or null when its class has none.
+const char *getComponentText(const nurel::ui::Component &component);
+
+/// The centre of a component in screen pixels, as it is drawn: rotation, scale and depth of its parents counted in.
+nurel::math::Vector2 getScreenCenter(const nurel::ui::Component &component);
+
+} // namespace viewer

@@ -1,0 +1,121 @@
+#include "Host.h"
+
+#include "Options.h"
+
+#include "backends/egl/HeadlessContext.h"
+#include "backends/gles/GlesBackend.h"
+#include "backends/sdl/Window.h"
+#include "nui/ui/UIManager.h"
+
+#include "foundation/core/Exception.h"
+
+#include <epoxy/gl.h>
+
+#include <cmath>
+#include <cstdlib>
+
+namespace viewer {
+
+using nurel::gles::GlesBackend;
+using nurel::ui::UIManager;
+
+namespace {
+
+/// What shows where no widget is.
+void clearBackground() {
+    constexpr float RED = 24 / 255.0F;
+    constexpr float GREEN = 26 / 255.0F;
+    constexpr float BLUE = 30 / 255.0F;
+    glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
+    glClearColor(RED, GREEN, BLUE, 1);
+    glClear(GL_COLOR_BUFFER_BIT);
+}
+
+class OffscreenHost : public Host {
+public:
+    OffscreenHost(unsigned int width, unsigned int height)
+        : mContext(width, height), mBackend(std::make_shared<GlesBackend>()) {}
+
+    std::shared_ptr<nurel::renderer::Backend> getBackend() override { return mBackend; }
+    unsigned int getWidth() const override { return mContext.getWidth(); }
+    unsigned int getHeight() const override { return mContext.getHeight(); }
+    void resize(unsigned int width, unsigned int height) override { mContext.resize(width, height); }
+    bool isWindow() const override { return false; }
+
+    void beginDrawing() override {
+        mContext.makeCurrent();
+        clearBackground();
+    }
+
+    std::vector<std::uint8_t> readPixels() override { return mContext.readPixels(); }
+
+private:
+    nurel::egl::HeadlessContext mContext;
+    std::shared_ptr<GlesBackend> mBackend;
+};
+
+nurel::sdl::WindowConfig makeWindowConfig(const Options &options) {
+    nurel::sdl::WindowConfig config;
+    config.title = options.screen + " - nui-viewer";
+    config.width = options.width;
+    config.height = options.height;
+    return config;
+}
+
+class WindowHost : public Host {
+public:
+    explicit WindowHost(const Options &options)
+        : mWindow(makeWindowConfig(options)), mBackend(std::make_shared<GlesBackend>()) {
+        nurel::sdl::WindowCallbacks callbacks;
+        callbacks.cursorMoved = [](float x, float y) {
+            UIManager::getSingleton().setMousePos(
+                {static_cast<int>(std::floor(x)), static_cast<int>(std::floor(y))});
+        };
+        callbacks.buttonChanged = [](nurel::input::Mouse::MouseButton button, nurel::input::Mouse::ButtonState state) {
+            UIManager::getSingleton().setMouseButton(button, state);
+        };
+        callbacks.wheelMoved = [](int counter) { UIManager::getSingleton().setMouseWheel(counter); };
+        callbacks.textEntered = [](const char *text) { UIManager::getSingleton().textInput(text); };
+        mWindow.setCallbacks(std::move(callbacks));
+    }
+
+    std::shared_ptr<nurel::renderer::Backend> getBackend() override { return mBackend; }
+    unsigned int getWidth() const override { return mWindow.getWidth(); }
+    unsigned int getHeight() const override { return mWindow.getHeight(); }
+    void resize(unsigned int width, unsigned int height) override { mWindow.resize(width, height); }
+    bool isWindow() const override { return true; }
+    bool pollInput() override { return mWindow.pollEvents(); }
+
+    void beginDrawing() override {
+        mWindow.makeCurrent();
+        clearBackground();
+    }
+
+    void present() override { mWindow.present(); }
+
+    std::vector<std::uint8_t> readPixels() override {
+        std::vector<std::uint8_t> pixels(std::size_t{4} * getWidth() * getHeight());
+        mBackend->readPixels(0, 0, getWidth(), getHeight(), pixels.data());
+        return pixels;
+    }
+
+private:
+    nurel::sdl::Window mWindow;
+    std::shared_ptr<GlesBackend> mBackend;
+};
+
+bool hasDisplay() {
+    const char *x11 = std::getenv("DISPLAY");
+    const char *wayland = std::getenv("WAYLAND_DISPLAY");
+    return (x11 && *x11) || (wayland && *wayland);
+}
+
+} // namespace
+
+std::unique_ptr<Host> Host::create(const Options &options) {
+    if (!options.isOffscreen() && hasDisplay())
+        return std::make_unique<WindowHost>(options);
+    return std::make_unique<OffscreenHost>(options.width, options.height);
+}
+
+} // namespace viewer

@@ -1,0 +1,74 @@
+// Component templates: whatever the text, a component or an exception.
+#include "nengine/Engine.h"
+#include "nmain/stream/InputStream.h"
+#include "nui/ui/SkinManager.h"
+#include "nui/ui/UIComponentFactory.h"
+#include "nui/ui/UIComponentParser.h"
+#include "nui/ui/UIManager.h"
+#include "nui/ui/Widget.h"
+#include "nui/ui/skins/DefaultSkin.h"
+
+#include "foundation/core/Exception.h"
+#include "foundation/logging/Logger.h"
+
+#include <cstdint>
+#include <string>
+
+namespace {
+
+class NoLog : public logging::Sink {
+public:
+    void write(logging::Level, const char *) override {}
+};
+
+/// Everything a template needs, for the time of the program.
+class Stage {
+public:
+    Stage() : mEngine(nurel::EngineConfig::headless(640, 480)), mSkin(new nurel::ui::skins::DefaultSkin()) {
+        logging::Logger::mROOT_LOGGER.setSink(&mNoLog);
+        nurel::ui::SkinManager::getSingleton().addSkin(mSkin.get());
+        nurel::ui::SkinManager::getSingleton().setDefaultSkin(mSkin.get());
+    }
+    ~Stage() {
+        nurel::ui::UIManager::shutdown();
+        logging::Logger::mROOT_LOGGER.setSink(nullptr);
+    }
+    Stage(const Stage &) = delete;
+    Stage &operator=(const Stage &) = delete;
+
+    void show(const core::SmartPtr<nurel::ui::Component> &root) {
+        nurel::ui::UIManager &manager = nurel::ui::UIManager::getSingleton();
+        const core::SmartPtr<nurel::ui::Widget> widget = new nurel::ui::Widget("fuzz");
+        widget->addChild(root.get(), false);
+        manager.setView(widget.get());
+        manager.addWidget(widget.get(), nullptr);
+        for (int i = 0; i < 2; ++i) {
+            mEngine.advance(1.0 / 60);
+            manager.updateEvents();
+            manager.update();
+            mEngine.renderFrame(*manager.getRenderPass());
+        }
+        manager.clearWidgets();
+        manager.updateEvents();
+    }
+
+private:
+    NoLog mNoLog;
+    nurel::Engine mEngine;
+    core::SmartPtr<nurel::ui::Skin> mSkin;
+};
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size) {
+    static Stage stage;
+    nurel::stream::MemoryInputStream stream("fuzz.ui", std::string(reinterpret_cast<const char *>(data), size));
+    try {
+        const core::SmartPtr<nurel::ui::Component> root = nurel::ui::UIComponentParser().parse(&stream);
+        if (root)
+            stage.show(root);
+    } catch (const core::Exception &) {
+        // what bad input is told with
+    }
+    return 0;
+}

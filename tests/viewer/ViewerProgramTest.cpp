@@ -1,0 +1,189 @@
+// The program itself, started as a user would, without a display.
+#include "nengine/texture/ImageFile.h"
+#include "nmain/json/JSObject.h"
+#include "nmain/stream/InputStream.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <sstream>
+#include <sys/wait.h>
+
+namespace {
+
+using nurel::json::JSObject;
+
+class ViewerProgram : public testing::Test {
+protected:
+    void SetUp() override {
+        const auto *info = testing::UnitTest::GetInstance()->current_test_info();
+        folder = std::filesystem::temp_directory_path() / (std::string("nui-viewer-") + info->name());
+        std::filesystem::remove_all(folder);
+        std::filesystem::create_directories(folder);
+        write("screen.ui", SCREEN);
+    }
+
+    void TearDown() override { std::filesystem::remove_all(folder); }
+
+    void write(const std::string &name, const std::string &text) const { std::ofstream(folder / name) << text; }
+
+    std::string read(const std::string &name) const {
+        std::ifstream file(folder / name, std::ios::binary);
+        std::stringstream text;
+        text << file.rdbuf();
+        return text.str();
+    }
+
+    std::unique_ptr<JSObject> readJson(const std::string &text) const {
+        nurel::stream::MemoryInputStream stream("output", text);
+        return std::unique_ptr<JSObject>(JSObject::parse(&stream));
+    }
+
+    /// Runs the viewer in the test's folder and gives its exit status.
+    int run(const std::string &arguments) const {
+        const std::string command = "cd '" + folder.string() + "' && env -u DISPLAY -u WAYLAND_DISPLAY '" VIEWER "' " +
+                                    arguments + " >out.txt 2>err.txt </dev/null";
+        const int status = std::system(command.c_str());
+        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    }
+
+    static constexpr const char *SCREEN = R"({"type":"widget","name":"stage","size":[0,0,1,1],"children":[
+        {"type":"panel","name":"form","size":[400,200],"children":[
+            {"type":"label","name":"ok","size":[100,40],"text":"OK","tab-stop":0,"event-mask-enable":["click","key","text"]}]},
+        {"type":"label","name":"ok","size":[50,20],"position":[0,-300],"text":"other","tab-stop":1}]})";
+    static constexpr const char *PLAIN = "screen.ui --font '" FONT "'";
+
+    std::filesystem::path folder;
+};
+
+} // namespace
+
+TEST_F(ViewerProgram, DrawsAPictureOfTheAskedSizeWithoutADisplay) {
+    ASSERT_EQ(run(std::string(PLAIN) + " --size 640x480 --png out.png"), 0) << read("err.txt");
+    const std::string png = read("out.png");
+    const nurel::texture::Image image = nurel::texture::decodeImage(png.data(), png.size());
+    EXPECT_EQ(image.width, 640U);
+    EXPECT_EQ(image.height, 480U);
+    const std::uint8_t *corner = image.rgba.get();
+    EXPECT_EQ(corner[0], 204); // the style-free widget's red
+    EXPECT_EQ(corner[1], 0);
+    EXPECT_EQ(corner[2], 0);
+}
+
+TEST_F(ViewerProgram, AScriptWhoseExpectationsHoldEndsWithStatusZero) {
+    write("script.json", R"([
+        {"expect":{"name":"form/ok","exists":true,"visible":true,"enabled":true,"focused":false,"text":"OK",
+                   "position":[640,360],"size":[100,40]}},
+        {"click":"form/ok"}, {"expect":{"name":"form/ok","focused":true,"hovered":true}},
+        {"move":[10,10]}, {"expect":{"name":"form/ok","hovered":false}},
+        {"expect":{"name":"nothing","exists":false}},
+        {"expect":{"pixel":{"at":[3,3],"color":[204,0,0],"tolerance":1}}},
+        {"resize":[800,600]}, {"frames":1}, {"expect":{"name":"form/ok","position":[400,300]}},
+        {"scale":2}, {"frames":1}, {"expect":{"name":"form/ok","position":[800,600]}}
+    ])");
+    EXPECT_EQ(run(std::string(PLAIN) + " --headless --script script.json"), 0) << read("err.txt");
+}
+
+TEST_F(ViewerProgram, AFailedExpectationIsToldAndTheScriptGoesOn) {
+    write("script.json", R"([{"expect":{"name":"form/ok","text":"Yes","size":[1,2]}}, {"dump":"after.json"}])");
+    EXPECT_EQ(run(std::string(PLAIN) + " --headless --script script.json"), 1);
+    EXPECT_EQ(read("err.txt"), "script.json: step 0: 'form/ok' text: expected \"Yes\", actual \"OK\"\n"
+                               "script.json: step 0: 'form/ok' size: expected [1,2], actual [100,40]\n");
+    EXPECT_FALSE(read("after.json").empty());
+}
+
+TEST_F(ViewerProgram, TheDumpTellsTheTree) {
+    ASSERT_EQ(run(std::string(PLAIN) + " --headless --frames 6 --dump dump.json"), 0) << read("err.txt");
+    const std::unique_ptr<JSObject> dump = readJson(read("dump.json"));
+    EXPECT_NEAR(dump->getFloat("time", 0), 0.1F, 1e-5F);
+    EXPECT_EQ(dump->get("viewport")->getInt(0U, 0), 1280);
+    const JSObject &widget = *dump->get("widgets")->get(0U);
+    EXPECT_STREQ(widget.getString("type", ""), "Widget");
+    EXPECT_STREQ(widget.getString("element", ""), "widget");
+    EXPECT_EQ(widget.get("layout")->getType(), JSObject::T_NONE);
+    EXPECT_TRUE(widget.hasKey("layout"));
+    EXPECT_EQ(widget.get("children")->getLength(), 2U);
+    const JSObject &label = *widget.get("children")->get(0U)->get("children")->get(0U);
+    EXPECT_STREQ(label.getString("type", ""), "Label");
+    EXPECT_STREQ(label.getString("text", ""), "OK");
+    EXPECT_EQ(label.get("worldPosition")->getInt(0U, 0), 640);
+    EXPECT_EQ(label.getInt("tabStop", -1), 0);
+    EXPECT_EQ(label.getInt("anchor", 0), 0x12);
+    EXPECT_EQ(label.getInt("dirty", -1), 0);
+    EXPECT_TRUE(label.getBool("visible", false));
+    EXPECT_FALSE(label.hasKey("children"));
+    EXPECT_FALSE(label.hasKey("rules"));
+}
+
+TEST_F(ViewerProgram, TheTraceTellsEveryEventAndChange) {
+    write("script.json", R"([{"click":"form/ok"},{"tap":28},{"text":"ä"},{"frames":1}])");
+    ASSERT_EQ(run(std::string(PLAIN) + " --headless --script script.json --trace trace.jsonl"), 0) << read("err.txt");
+    EXPECT_EQ(read("trace.jsonl"),
+              R"({"frame":0,"event":"ET_HOVER_EVENT","action":2,"handler":"ok","result":"ok"}
+{"frame":0,"event":"ET_HOVER_EVENT","action":0,"handler":"ok","result":"ok"}
+{"frame":0,"hovered":"ok"}
+)"
+              R"({"frame":1,"event":"ET_MOUSE_EVENT","action":1,"handler":"ok","result":"ok"}
+{"frame":1,"event":"ET_FOCUS_EVENT","action":0,"handler":"ok","result":"stage"}
+)");
+}
+
+TEST_F(ViewerProgram, BadUsageEndsWithStatusTwoAndOneLine) {
+    EXPECT_EQ(run("--wrong"), 2);
+    EXPECT_EQ(read("err.txt"), "nui-viewer: unknown option --wrong\n");
+    EXPECT_EQ(run(""), 2);
+    EXPECT_EQ(read("err.txt"), "nui-viewer: no screen given; nui-viewer --help tells the options\n");
+}
+
+TEST_F(ViewerProgram, AMissingScreenEndsWithStatusTwo) {
+    EXPECT_EQ(run("gone.ui --headless"), 2);
+    EXPECT_EQ(read("err.txt"), "nui-viewer: Cannot open file gone.ui\n");
+}
+
+TEST_F(ViewerProgram, AScreenThatIsNoJSONTellsFileLineAndColumn) {
+    write("bad.ui", "{\n  \"type\": \"panel\",\n  oops\n}");
+    EXPECT_EQ(run("bad.ui --headless"), 2);
+    EXPECT_EQ(read("err.txt").rfind("nui-viewer: bad.ui:3:", 0), 0U) << read("err.txt");
+}
+
+TEST_F(ViewerProgram, AFaultyScriptPlaysNothing) {
+    const struct {
+        const char *script;
+        const char *message;
+    } faults[] = {
+        {"{}", "script.json: a script is an array of steps"},
+        {"[5]", "script.json: step 0: a step is an object"},
+        {"[{}]", "script.json: step 0: an empty step"},
+        {R"([{"frames":1},{"jump":3}])", "script.json: step 1: unknown step 'jump'"},
+        {R"([{"move":"left"}])", "script.json: step 0: 'move' wants [x, y]"},
+        {R"([{"move":[1,2],"steps":3}])", "script.json: step 0: 'move' has no 'steps'"},
+        {R"([{"expect":{"name":"a","colour":3}}])", "script.json: step 0: 'expect' has no 'colour'"},
+        {R"([{"expect":{"visible":true}}])", "script.json: step 0: 'expect' wants a 'name'"},
+    };
+    for (const auto &fault : faults) {
+        write("script.json", fault.script);
+        EXPECT_EQ(run(std::string(PLAIN) + " --headless --script script.json"), 2) << fault.script;
+        EXPECT_EQ(read("err.txt"), std::string("nui-viewer: ") + fault.message + "\n");
+    }
+}
+
+TEST_F(ViewerProgram, AFontThatCannotBeReadLeavesTheScreenStanding) {
+    EXPECT_EQ(run("screen.ui --headless --font gone.ttf"), 0);
+    EXPECT_NE(read("err.txt").find("gone.ttf"), std::string::npos);
+}
+
+TEST_F(ViewerProgram, APictureThatCannotBeWrittenEndsWithStatusTwo) {
+    EXPECT_EQ(run(std::string(PLAIN) + " --png nowhere/out.png"), 2);
+    EXPECT_NE(read("err.txt").find("nowhere/out.png"), std::string::npos);
+}
+
+TEST_F(ViewerProgram, TextsComeFromTheCatalogueOfTheLocale) {
+    std::filesystem::create_directories(folder / "i18n");
+    write("i18n/de.xml", R"(<catalogue locale="de"><text key="greet">Hallo</text></catalogue>)");
+    write("greet.ui", R"({"type":"label","name":"l","text":"${greet}!"})");
+    write("script.json", R"([{"expect":{"name":"l","text":"Hallo!"}}])");
+    EXPECT_EQ(run("greet.ui --font '" FONT "' --headless --locale de_AT --script script.json"), 0) << read("err.txt");
+}

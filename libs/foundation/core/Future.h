@@ -20,8 +20,8 @@ public:
 
     /// Sets the value and wakes the waiters. Only the first call counts; a later one changes nothing and returns false.
     template <class... Value>
-        requires(std::is_void_v<T> ? sizeof...(Value) == 0 : sizeof...(Value) == 1)
     bool set(Value &&...value) {
+        static_assert(sizeof...(Value) == (std::is_void_v<T> ? 0 : 1));
         {
             std::lock_guard guard(mShared->mutex);
             if (mShared->value)

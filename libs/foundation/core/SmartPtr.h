@@ -22,14 +22,12 @@ public:
     SmartPtr(const SmartPtr &other) : mObject(other.mObject) { acquire(); }
     SmartPtr(SmartPtr &&other) noexcept : mObject(std::exchange(other.mObject, nullptr)) {}
 
-    template <class U>
-        requires std::is_convertible_v<U *, T *>
+    template <class U, class = std::enable_if_t<std::is_convertible_v<U *, T *>>>
     SmartPtr(const SmartPtr<U> &other) : mObject(other.get()) {
         acquire();
     }
 
-    template <class U>
-        requires std::is_convertible_v<U *, T *>
+    template <class U, class = std::enable_if_t<std::is_convertible_v<U *, T *>>>
     SmartPtr(SmartPtr<U> &&other) noexcept : mObject(std::exchange(other.mObject, nullptr)) {}
 
     ~SmartPtr() { drop(mObject); }
@@ -93,7 +91,6 @@ bool operator==(const SmartPtr<T> &a, const SmartPtr<U> &b) noexcept {
 }
 
 template <class T, class U>
-    requires std::is_convertible_v<U *, const volatile void *>
 bool operator==(const SmartPtr<T> &a, U *b) noexcept {
     return a.get() == b;
 }

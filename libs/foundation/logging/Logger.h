@@ -18,8 +18,8 @@ class Sink {
 public:
     virtual ~Sink() = default;
 
-    /// Takes one message, whole and without a line end, which is only lent for the call. Called by any thread that logs,
-    /// but by one at a time.
+    /// Takes one message, whole and without a line end, which is only lent for the call. Called by any thread that
+    /// logs, but by one at a time.
     virtual void write(Level level, const char *message) = 0;
 };
 
@@ -45,8 +45,9 @@ public:
         writeWithReason(Level::ERROR, exception.what(), format, arguments...);
     }
 
-    /// Sets where messages go and returns what was there. The logger does not own the sink; null stands for the standard
-    /// error stream, with the level's name before each message. When the call returns, the old sink is no longer in use.
+    /// Sets where messages go and returns what was there. The logger does not own the sink; null stands for the
+    /// standard error stream, with the level's name before each message. When the call returns, the old sink is no
+    /// longer in use.
     Sink *setSink(Sink *sink);
 
     void setLevel(Level level) { mLevel.store(level, std::memory_order_relaxed); }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <concepts>
 #include <tuple>
 #include <utility>
 
@@ -23,14 +24,13 @@ public:
             mBound);
     }
 
+    // clang-format off
     constexpr bool operator==(const Linker &other) const
-        requires requires(const Function &function, const std::tuple<Bound...> &bound) {
-            function == function;
-            bound == bound;
-        }
+        requires std::equality_comparable<Function> && (std::equality_comparable<Bound> && ...)
     {
         return mFunction == other.mFunction && mBound == other.mBound;
     }
+    // clang-format on
 
 private:
     Function mFunction;

@@ -15,8 +15,8 @@ public:
     /// words such as "inf" do not. A number out of range gives the nearest finite float, one too small 0.
     static float parseFloat(const char *text);
 
-    /// Below 0, 0 or above 0 as a comes before b, is equal or comes after it; letters a to z count as A to Z, everything
-    /// else by its bytes. An empty text comes first.
+    /// Below 0, 0 or above 0 as a comes before b, is equal or comes after it; letters a to z count as A to Z,
+    /// everything else by its bytes. An empty text comes first.
     static int compareIgnoreCase(const char *a, const char *b);
 };
 

@@ -100,8 +100,8 @@ void Serializable::readText(stream::InputStream &in, std::string &text) const {
     unsigned char length[4];
     if (!readFully(in, length, sizeof length))
         throw ::core::IllegalStateException("Cannot read %s: the stream ends early", getType().getName());
-    const std::size_t size = length[0] | std::size_t{length[1]} << 8 | std::size_t{length[2]} << 16 |
-                             std::size_t{length[3]} << 24;
+    const std::size_t size =
+        length[0] | std::size_t{length[1]} << 8 | std::size_t{length[2]} << 16 | std::size_t{length[3]} << 24;
     if (size > LONGEST_TEXT)
         throw ::core::IllegalStateException("Cannot read %s: a text has more than 16 MiB", getType().getName());
     std::string bytes(size, '\0');

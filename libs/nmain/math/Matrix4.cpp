@@ -42,8 +42,8 @@ bool invertAffine(const Matrix4 &m, Matrix4 &out) {
     for (unsigned column = 0; column < 3; ++column) {
         for (unsigned row = 0; row < 3; ++row)
             out(row, column) = static_cast<float>(inverse[row][column]);
-        out(3, column) = static_cast<float>(
-            -(m[12] * inverse[0][column] + m[13] * inverse[1][column] + m[14] * inverse[2][column]));
+        out(3, column) =
+            static_cast<float>(-(m[12] * inverse[0][column] + m[13] * inverse[1][column] + m[14] * inverse[2][column]));
     }
     return true;
 }
@@ -63,15 +63,14 @@ bool invertGeneral(const Matrix4 &source, Matrix4 &out) {
     if (!isInvertible(determinant, getRowLength(rows, 4) * getRowLength(rows + 4, 4) * getRowLength(rows + 8, 4) *
                                        getRowLength(rows + 12, 4)))
         return false;
-    const double adjugate[16] = {
-        m[5] * c5 - m[6] * c4 + m[7] * c3,     -m[1] * c5 + m[2] * c4 - m[3] * c3,
-        m[13] * s5 - m[14] * s4 + m[15] * s3,  -m[9] * s5 + m[10] * s4 - m[11] * s3,
-        -m[4] * c5 + m[6] * c2 - m[7] * c1,    m[0] * c5 - m[2] * c2 + m[3] * c1,
-        -m[12] * s5 + m[14] * s2 - m[15] * s1, m[8] * s5 - m[10] * s2 + m[11] * s1,
-        m[4] * c4 - m[5] * c2 + m[7] * c0,     -m[0] * c4 + m[1] * c2 - m[3] * c0,
-        m[12] * s4 - m[13] * s2 + m[15] * s0,  -m[8] * s4 + m[9] * s2 - m[11] * s0,
-        -m[4] * c3 + m[5] * c1 - m[6] * c0,    m[0] * c3 - m[1] * c1 + m[2] * c0,
-        -m[12] * s3 + m[13] * s1 - m[14] * s0, m[8] * s3 - m[9] * s1 + m[10] * s0};
+    const double adjugate[16] = {m[5] * c5 - m[6] * c4 + m[7] * c3,     -m[1] * c5 + m[2] * c4 - m[3] * c3,
+                                 m[13] * s5 - m[14] * s4 + m[15] * s3,  -m[9] * s5 + m[10] * s4 - m[11] * s3,
+                                 -m[4] * c5 + m[6] * c2 - m[7] * c1,    m[0] * c5 - m[2] * c2 + m[3] * c1,
+                                 -m[12] * s5 + m[14] * s2 - m[15] * s1, m[8] * s5 - m[10] * s2 + m[11] * s1,
+                                 m[4] * c4 - m[5] * c2 + m[7] * c0,     -m[0] * c4 + m[1] * c2 - m[3] * c0,
+                                 m[12] * s4 - m[13] * s2 + m[15] * s0,  -m[8] * s4 + m[9] * s2 - m[11] * s0,
+                                 -m[4] * c3 + m[5] * c1 - m[6] * c0,    m[0] * c3 - m[1] * c1 + m[2] * c0,
+                                 -m[12] * s3 + m[13] * s1 - m[14] * s0, m[8] * s3 - m[9] * s1 + m[10] * s0};
     for (unsigned i = 0; i < 16; ++i)
         out[i] = static_cast<float>(adjugate[i] / determinant);
     return true;
@@ -148,8 +147,8 @@ Matrix4 Matrix4::inverse() const noexcept {
 
 bool Matrix4::inverse(Matrix4 &out) const noexcept {
     Matrix4 inverted;
-    const bool found = (isAffine() ? invertAffine(*this, inverted) : invertGeneral(*this, inverted)) &&
-                       isFinite(inverted);
+    const bool found =
+        (isAffine() ? invertAffine(*this, inverted) : invertGeneral(*this, inverted)) && isFinite(inverted);
     out = found ? inverted : Matrix4();
     return found;
 }

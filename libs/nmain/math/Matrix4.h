@@ -19,7 +19,7 @@ public:
 
     /// A rotation and a translation.
     constexpr explicit Matrix4(const Matrix3 &rotation, const Vector3 &translation = Vector3::ZERO) noexcept
-        : m{rotation[0], rotation[1], rotation[2], 0, rotation[3], rotation[4], rotation[5], 0,
+        : m{rotation[0], rotation[1], rotation[2], 0, rotation[3],   rotation[4],   rotation[5],   0,
             rotation[6], rotation[7], rotation[8], 0, translation.x, translation.y, translation.z, 1} {}
 
     /// Scale first, then rotation, then translation: how a frame places its contents.
@@ -27,7 +27,7 @@ public:
         : m{scale.x * rotation[0], scale.x * rotation[1], scale.x * rotation[2], 0,
             scale.y * rotation[3], scale.y * rotation[4], scale.y * rotation[5], 0,
             scale.z * rotation[6], scale.z * rotation[7], scale.z * rotation[8], 0,
-            translation.x, translation.y, translation.z, 1} {}
+            translation.x,         translation.y,         translation.z,         1} {}
 
     constexpr float &operator()(unsigned row, unsigned column) noexcept {
         assert(row < 4 && column < 4);
@@ -95,9 +95,11 @@ public:
     constexpr Matrix4 operator*(const Matrix4 &b) const noexcept {
         Matrix4 product;
         for (unsigned row = 0; row < 16; row += 4) {
-            for (unsigned column = 0; column < 4; ++column)
-                product.m[row + column] = m[row] * b.m[column] + m[row + 1] * b.m[4 + column] +
-                                          m[row + 2] * b.m[8 + column] + m[row + 3] * b.m[12 + column];
+            const float x = m[row], y = m[row + 1], z = m[row + 2], w = m[row + 3];
+            product.m[row] = x * b.m[0] + y * b.m[4] + z * b.m[8] + w * b.m[12];
+            product.m[row + 1] = x * b.m[1] + y * b.m[5] + z * b.m[9] + w * b.m[13];
+            product.m[row + 2] = x * b.m[2] + y * b.m[6] + z * b.m[10] + w * b.m[14];
+            product.m[row + 3] = x * b.m[3] + y * b.m[7] + z * b.m[11] + w * b.m[15];
         }
         return product;
     }

@@ -1,6 +1,6 @@
+#include "foundation/core/Runnable.h"
 #include "foundation/core/Event.h"
 #include "foundation/core/Exception.h"
-#include "foundation/core/Runnable.h"
 
 #include "support/LogCapture.h"
 

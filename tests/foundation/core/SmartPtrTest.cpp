@@ -1,5 +1,5 @@
-#include "foundation/core/IRefCount.h"
 #include "foundation/core/SmartPtr.h"
+#include "foundation/core/IRefCount.h"
 
 #include <gtest/gtest.h>
 

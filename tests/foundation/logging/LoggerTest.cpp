@@ -1,5 +1,5 @@
-#include "foundation/core/Exception.h"
 #include "foundation/logging/Logger.h"
+#include "foundation/core/Exception.h"
 
 #include "support/LogCapture.h"
 
@@ -50,9 +50,9 @@ TEST(Logger, AddsTheTextOfAnException) {
     Logger::mROOT_LOGGER.error("Cannot lay out", exception);
     Logger::mROOT_LOGGER.error("Cannot parse %s(%s), child %u", exception, "form", "Panel", 3u);
     Logger::mROOT_LOGGER.error("Cannot", std::runtime_error("100%s"));
-    EXPECT_EQ(log.take(Level::ERROR), (std::vector<std::string>{"Cannot lay out: no owner",
-                                                               "Cannot parse form(Panel), child 3: no owner",
-                                                               "Cannot: 100%s"}));
+    EXPECT_EQ(log.take(Level::ERROR),
+              (std::vector<std::string>{"Cannot lay out: no owner", "Cannot parse form(Panel), child 3: no owner",
+                                        "Cannot: 100%s"}));
 }
 
 TEST(Logger, TakesATextAsAnArgumentAndNotAsAnException) {

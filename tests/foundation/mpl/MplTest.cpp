@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <concepts>
 #include <string>
 #include <type_traits>
 
@@ -69,6 +70,7 @@ TEST(Linker, PassesArgumentsOnAndKeepsItsCopies) {
     linker(text);
     linker(text);
     EXPECT_EQ(text, "abxbxx");
+    EXPECT_FALSE(std::equality_comparable<decltype(linker)>);
 }
 
 TEST(Linker, IsEqualWhenFunctionAndValuesAre) {

@@ -12,7 +12,8 @@ struct Row {
     std::u32string characters;
 };
 
-/// Well-formed texts and every kind of malformed one: lone and cut sequences, overlong forms, surrogates, beyond the end.
+/// Well-formed texts and every kind of malformed one: lone and cut sequences, overlong forms, surrogates, beyond the
+/// end.
 const Row ROWS[] = {{"", U""},
                     {"abc", U"abc"},
                     {"\xc3\xa4\xe2\x82\xac\xf0\x9f\x98\x80z", U"\u00e4\u20ac\U0001f600z"},
@@ -72,7 +73,8 @@ TEST(Utf8, DecodesBytesAfterATerminatorThatAreGivenByLength) {
 
 TEST(Utf8, LengthIndexAndDecodingAgreeOnRandomBytes) {
     std::mt19937 random(1);
-    const unsigned char alphabet[] = {'a', 0x80, 0xbf, 0xc3, 0xe2, 0x82, 0xac, 0xed, 0xa0, 0xf0, 0x9f, 0x98, 0xf4, 0xff};
+    const unsigned char alphabet[] = {'a',  0x80, 0xbf, 0xc3, 0xe2, 0x82, 0xac,
+                                      0xed, 0xa0, 0xf0, 0x9f, 0x98, 0xf4, 0xff};
     for (int round = 0; round < 2000; ++round) {
         std::string bytes(random() % 24, ' ');
         for (char &byte : bytes)

@@ -1,6 +1,6 @@
+#include "nmain/core/ObjectFactory.h"
 #include "foundation/core/Exception.h"
 #include "nmain/core/NamedObject.h"
-#include "nmain/core/ObjectFactory.h"
 
 #include <gtest/gtest.h>
 

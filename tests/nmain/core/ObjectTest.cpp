@@ -1,7 +1,7 @@
+#include "nmain/core/Object.h"
 #include "foundation/core/Exception.h"
 #include "nmain/core/CloningOptions.h"
 #include "nmain/core/NamedObject.h"
-#include "nmain/core/Object.h"
 
 #include <gtest/gtest.h>
 

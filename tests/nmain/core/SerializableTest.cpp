@@ -1,6 +1,6 @@
+#include "nmain/core/Serializable.h"
 #include "foundation/core/Exception.h"
 #include "nmain/core/NamedObject.h"
-#include "nmain/core/Serializable.h"
 #include "nmain/stream/InputStream.h"
 #include "nmain/stream/OutputStream.h"
 
@@ -20,9 +20,7 @@ namespace {
 /// Writes to a text; kept here so that these tests need no file or stream of the library.
 class TextOutput : public OutputStream {
 public:
-    void write(const void *buffer, std::size_t size) override {
-        text.append(static_cast<const char *>(buffer), size);
-    }
+    void write(const void *buffer, std::size_t size) override { text.append(static_cast<const char *>(buffer), size); }
     const char *getName() const override { return "text"; }
     std::string text;
 };

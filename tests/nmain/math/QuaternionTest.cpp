@@ -33,7 +33,8 @@ TEST(Quaternion, GivesTheMatrixBack) {
         expectNear(Quaternion(rotation).buildMatrix(), rotation);
     }
     // Half turns, where the real part vanishes.
-    for (const Vector3 &axis : {Vector3::AXIS_X, Vector3::AXIS_Y, Vector3::AXIS_Z, Vector3(1, 1, 1), Vector3(-1, 2, 0)}) {
+    for (const Vector3 &axis :
+         {Vector3::AXIS_X, Vector3::AXIS_Y, Vector3::AXIS_Z, Vector3(1, 1, 1), Vector3(-1, 2, 0)}) {
         const Matrix3 rotation(PI, axis);
         expectNear(Quaternion(rotation).buildMatrix(), rotation);
     }

@@ -33,14 +33,15 @@ public:
     static const ::core::Type &type() { return TYPE; }
     const ::core::Type &getType() const override { return TYPE; }
 
-    /// A face may be null: a font without glyphs, all of whose metrics are 0. A size that is not above 0 counts as
-    /// DEFAULT_SIZE. For the FontManager.
+    /// A face may be null: a font without glyphs, all of whose metrics are 0. A size that is not above 0 and below
+    /// GREATEST_SIZE counts as DEFAULT_SIZE. For the FontManager.
     Font(const char *name, detail::Face *face, float size);
     ~Font() override;
     Font(const Font &) = delete;
     Font &operator=(const Font &) = delete;
 
     static constexpr float DEFAULT_SIZE = 16.0f;
+    static constexpr float GREATEST_SIZE = 16384.0f;
 
     /// The own size: pixels an em. A text mesh of scale 1 has it.
     float getSize() const { return mSize; }
@@ -58,8 +59,9 @@ public:
     /// the manager falls back to). Stays valid as long as the font.
     const Glyph *getGlyph(char32_t character) const;
 
-    /// Always null: glyphs stand in pages that are filled as they are needed, and there is nothing to wait for.
-    texture::Texture *getTexture() const { return nullptr; }
+    /// The first page of the glyphs of all fonts, which is always loaded; null without a manager or where nothing is drawn.
+    /// Glyphs are rasterised as they are needed and there is nothing to wait for.
+    texture::Texture *getTexture() const;
 
     /// The file behind the font; null for a font without one. For the library itself.
     detail::Face *getFace() const { return mFace.get(); }

@@ -9,6 +9,7 @@
 
 namespace nurel::texture {
 class Atlas;
+class Texture;
 }
 
 namespace nurel::font {
@@ -16,6 +17,7 @@ namespace nurel::font {
 class Font;
 
 namespace detail {
+class Face;
 class TextSystem;
 }
 
@@ -74,14 +76,18 @@ public:
 
     const ShapingStatistics &getStatistics() const;
 
+    /// See Font::getTexture().
+    texture::Texture *getGlyphTexture();
+
     /// For the library itself.
     detail::TextSystem &getTextSystem() { return *mSystem; }
 
 private:
     struct Registry;
 
+    Font *enter(const char *name, detail::Face *face, float size);
     Font *findInstalled(const char *name);
-    Font *enter(const char *name, Font *font);
+    void chooseDefault();
 
     static FontManager *sInstance;
     std::unique_ptr<detail::TextSystem> mSystem;

@@ -17,6 +17,7 @@ namespace detail {
 class TextContent;
 class TextRaster;
 struct TextLayout;
+struct TextPlacement;
 } // namespace detail
 
 /// A text: one font, any number of paragraphs (a line feed, a carriage return or both end one), broken into lines where a
@@ -51,7 +52,7 @@ public:
     /// Never null; valid until the next setText.
     const char *getText() const { return mText.c_str(); }
 
-    unsigned int getCharacterCount() const;
+    unsigned int getCharacterCount() const { return mCharacterCount; }
 
     void setFont(font::Font *font);
     font::Font *getFont() const { return mFont.get(); }
@@ -97,9 +98,9 @@ public:
     /// Takes over alignments, spacings and size limit of another mesh, and marks this one for a rebuild.
     void copyLayout(const TextMesh &source);
 
-    /// With true, everything is made anew before it is used next: shaped runs (from the cache), layout and geometry.
+    /// With true, everything is made anew before it is used next: layout and geometry, from the shaped runs in the cache.
+    /// False takes nothing back.
     void setRebuild(bool rebuild);
-    bool isRebuild() const;
 
     bool updateInternal(float time, bool parentChanged) override;
 
@@ -120,15 +121,19 @@ private:
     float getPixelSize() const;
     void contentChanged();
     void layoutChanged();
-    const detail::TextContent &needContent() const;
-    const detail::TextLayout &needLayout() const;
-    math::Vector2 getBoxOrigin(const detail::TextLayout &layout) const;
-    math::Vector2 toBox(const math::Vector2 &inText) const;
+
+    // Null without a font.
+    const detail::TextContent *needContent() const;
+    const detail::TextLayout *needLayout() const;
+
+    float getTextHeight(const detail::TextLayout &layout) const;
+    detail::TextPlacement getPlacement(const detail::TextLayout &layout) const;
 
     std::string mText;
     ::core::SmartPtr<font::Font> mFont;
     Layout mLayout;
     float mScale = 1.0f;
+    unsigned int mCharacterCount = 0;
     mutable std::unique_ptr<detail::TextContent> mContent; ///< null: not shaped since the text or the font changed
     std::unique_ptr<detail::TextRaster> mRaster;           ///< null: not drawn yet
 };

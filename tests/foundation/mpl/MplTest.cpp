@@ -66,7 +66,8 @@ TEST(Linker, PutsItsBoundValuesLast) {
 
 TEST(Linker, PassesArgumentsOnAndKeepsItsCopies) {
     std::string text = "a";
-    mpl::Linker linker([](std::string &out, std::string &kept) { out += kept += "x"; }, std::string("b"));
+    const std::string added = "x";
+    mpl::Linker linker([&](std::string &out, std::string &kept) { out += kept += added; }, std::string("b"));
     linker(text);
     linker(text);
     EXPECT_EQ(text, "abxbxx");

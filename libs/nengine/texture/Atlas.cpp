@@ -55,12 +55,16 @@ bool Atlas::allocate(unsigned int w, unsigned int h, const void *rgba, Kind kind
     if (w == 0 || h == 0 || w > getMaximumSide() || h > getMaximumSide())
         return false;
     AtlasPage::Place place{};
-    const auto found = std::find_if(mPages.begin(), mPages.end(), [&](const auto &candidate) {
-        return candidate->getKind() == kind && candidate->take(w + 2, h + 2, place);
-    });
-    AtlasPage *page = found == mPages.end() ? addPage(kind) : found->get();
-    if (!page || (found == mPages.end() && !page->take(w + 2, h + 2, place)))
-        return false;
+    AtlasPage *page = nullptr;
+    for (std::size_t i = 0; i < mPages.size() && !page; ++i) {
+        if (mPages[i]->getKind() == kind && mPages[i]->take(w + 2, h + 2, place))
+            page = mPages[i].get();
+    }
+    if (!page) {
+        page = addPage(kind);
+        if (!page || !page->take(w + 2, h + 2, place))
+            return false;
+    }
 
     const float size = static_cast<float>(mPageSize);
     out.page = &page->getData();

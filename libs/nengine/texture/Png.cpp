@@ -7,7 +7,9 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <filesystem>
 #include <string>
+#include <system_error>
 
 namespace nurel::texture {
 
@@ -69,7 +71,9 @@ void savePng(const char *path, unsigned int width, unsigned int height, const vo
     if (std::fclose(file) != 0 && reason.empty())
         reason = std::strerror(errno);
     if (!reason.empty()) {
-        std::remove(path);
+        std::error_code ignored;
+        if (std::filesystem::is_regular_file(path, ignored)) // not a device or a pipe
+            std::filesystem::remove(path, ignored);
         failToWrite(path, reason.c_str());
     }
 }

@@ -61,6 +61,10 @@ math::Vector2 Component::calculateParentSize() const {
     return size;
 }
 
+math::Vector2 Component::getAutoSize(const math::Vector2 &current) {
+    return current;
+}
+
 math::Vector2 Component::calculateSize(math::Vector2 &natural) {
     // 1. and 2. Pixels, and the part of the parent
     math::Vector2 size = mDeclaredSize.absolute;
@@ -93,6 +97,8 @@ math::Vector2 Component::calculateSize(math::Vector2 &natural) {
     natural = floorOf(rounded);
     return floorOf(rounded * mScale);
 }
+
+math::Vector2 Component::getAutoSize(const math::Vector2 &current) { return current; }
 
 math::Vector3 Component::calculatePosition() const {
     // 1. and 2.

@@ -98,7 +98,11 @@ wait_for "something drawn" has_drawn
 echo "ok: the window is drawn"
 
 xdotool windowfocus "$window"
-act mousemove --window "$window" 3 3 mousemove --window "$window" "$first_x" "$first_y" -- '"hovered":"first"'
+# The pointer is in the middle of a new display, where a component may lie already.
+xdotool mousemove --window "$window" 3 3
+pointer_is_away() { ! grep -F '"hovered":' "$folder/trace.jsonl" | tail -n 1 | grep -qF '"hovered":"first"'; }
+wait_for "the pointer in the corner" pointer_is_away
+act mousemove --window "$window" "$first_x" "$first_y" -- '"hovered":"first"'
 act click 1 -- '"event":"ET_CLICK_EVENT"' '"handler":"first"'
 wait_for "the focus" grep -qF '"focus":"first"' "$folder/trace.jsonl"
 act key Tab -- '"focus":"second"'

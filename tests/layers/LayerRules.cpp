@@ -176,6 +176,19 @@ std::vector<std::string> LayerRules::checkFiles(const std::filesystem::path &lib
     return offences;
 }
 
+std::vector<std::string> LayerRules::checkWholeHeader(const std::filesystem::path &libs, const std::string &header,
+                                                      const std::vector<std::string> &publicHeaders) {
+    std::set<std::string> included;
+    for (const Include &include : readIncludes(libs / header))
+        included.insert(include.name);
+    std::vector<std::string> offences;
+    for (const std::string &other : publicHeaders) {
+        if (other != header && libraryOf(other) == libraryOf(header) && !included.contains(other))
+            offences.push_back(header + ":1: does not include \"" + other + "\"");
+    }
+    return offences;
+}
+
 std::vector<LayerRules::Include> LayerRules::readIncludes(const std::filesystem::path &file) {
     std::vector<Include> includes;
     std::istringstream in(blankComments(readFile(file)));

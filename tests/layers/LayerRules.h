@@ -23,6 +23,10 @@ public:
                                                const std::vector<std::string> &publicHeaders,
                                                const std::vector<std::string> &sources);
 
+    /// Checks that a library's header for everything includes each of its public headers.
+    static std::vector<std::string> checkWholeHeader(const std::filesystem::path &libs, const std::string &header,
+                                                     const std::vector<std::string> &publicHeaders);
+
 private:
     struct Include {
         unsigned int line;

@@ -74,6 +74,11 @@ TEST(LayersOfTheHouse, EveryFileIsListedByItsLibrary) {
         ADD_FAILURE() << "libs/" << offence;
 }
 
+TEST(LayersOfTheHouse, TheWholeToolkitIsInItsHeader) {
+    for (const std::string &offence : LayerRules::checkWholeHeader(NUI_LIBS, "nui/nui.h", readLines(NUI_HEADER_LIST)))
+        ADD_FAILURE() << "libs/" << offence;
+}
+
 TEST_F(Layers, ATreeThatKeepsToThemHasNoOffences) {
     EXPECT_EQ(check(), "");
 }
@@ -147,6 +152,14 @@ TEST_F(Layers, AWrongEntryOfAHeaderListIsFound) {
                          {"ground/core/detail/Hidden.h"}),
               "ground/core/Gone.h:1: listed as a header, but there is no such file\n"
               "ground/core/detail/Hidden.h:1: a header of a detail folder in the list of public headers\n");
+}
+
+TEST_F(Layers, AHeaderThatTheHeaderForEverythingForgetsIsFound) {
+    write("libs/middle/middle.h", "#include \"middle/Middle.h\"\n#include \"ground/core/Base.h\"\n");
+    EXPECT_EQ(join(LayerRules::checkWholeHeader(
+                  mRoot / "libs", "middle/middle.h",
+                  {"ground/core/Other.h", "middle/Forgotten.h", "middle/Middle.h", "middle/middle.h"})),
+              "middle/middle.h:1: does not include \"middle/Forgotten.h\"\n");
 }
 
 TEST_F(Layers, ALineWithoutAColonIsRefused) {

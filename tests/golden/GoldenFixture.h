@@ -1,0 +1,56 @@
+#pragma once
+
+#include "support/LogCapture.h"
+
+#include "foundation/core/SmartPtr.h"
+#include "nengine/Engine.h"
+#include "nui/ui/Skin.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+
+namespace nurel::gles {
+class GlesBackend;
+}
+namespace nurel::scene {
+class Node;
+}
+namespace nurel::ui {
+class Component;
+} // namespace nurel::ui
+
+namespace golden {
+
+/// An engine that draws by the real backend into memory, with a manual clock and the font of the test data, and the
+/// style-free skin.
+class GoldenFixture : public testing::Test {
+protected:
+    static constexpr unsigned int WIDTH = 480;
+    static constexpr unsigned int HEIGHT = 320;
+
+    void SetUp() override;
+    void TearDown() override;
+
+    /// Puts a component onto the stage, in a widget that fills it if it is none itself.
+    void show(const core::SmartPtr<nurel::ui::Component> &component);
+
+    /// A node at the stage's centre, above the widgets; x to the right, y down, one unit a pixel.
+    nurel::scene::Node &makeNode();
+
+    /// Draws a few frames and compares the last with the reference of that name: at most 4 of 255 a channel, but for one
+    /// pixel in a thousand. On a difference the picture and what differs are left in out/golden. With NUI_UPDATE_GOLDEN set
+    /// the reference is written instead.
+    void expectPicture(const std::string &name);
+
+    nurel::Engine &engine() { return *mEngine; }
+
+private:
+    test::LogCapture mLog;
+    std::shared_ptr<nurel::gles::GlesBackend> mBackend;
+    std::unique_ptr<nurel::Engine> mEngine;
+    core::SmartPtr<nurel::ui::Skin> mSkin;
+};
+
+} // namespace golden

@@ -65,11 +65,15 @@ void writeDetails(JsonWriter &json, const UIEvent &event) {
 EventTrace::EventTrace(const std::string &path) : mFile(std::fopen(path.c_str(), "w")) {
     if (!mFile)
         throw core::IOException("cannot write %s: %s", path.c_str(), std::strerror(errno));
-    UIManager::getSingleton().getEventObserver().subscribeCallback(
+    mSubscription = UIManager::getSingleton().getEventObserver().subscribeCallback(
         [this](UIEventHandler *handler, const UIEvent &event, UIEventHandler *&result) {
             write(handler, event, result);
             return false;
         });
+}
+
+EventTrace::~EventTrace() {
+    UIManager::getSingleton().getEventObserver().unsubscribeCallback(mSubscription);
 }
 
 void EventTrace::write(const UIEventHandler *handler, const UIEvent &event, const UIEventHandler *result) {

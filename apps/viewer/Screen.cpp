@@ -31,17 +31,8 @@ using ui::UIComponentFactory;
 using ui::UIManager;
 using ui::Widget;
 
-namespace {
-
-std::string folderOf(const std::string &path) {
-    const std::string folder = std::filesystem::path(path).parent_path().string();
-    return folder.empty() ? "." : folder;
-}
-
-} // namespace
-
 Screen::Screen(const std::string &path, const std::string &locale)
-    : mFiles(folderOf(path)), mFile(std::filesystem::path(path).filename().string()), mSkin(new ui::skins::DefaultSkin()) {
+    : mFiles(std::filesystem::path(path).parent_path().string()), mFile(std::filesystem::path(path).filename().string()), mSkin(new ui::skins::DefaultSkin()) {
     ui::SkinManager::getSingleton().addSkin(mSkin.get());
     ui::SkinManager::getSingleton().setDefaultSkin(mSkin.get());
     UIComponentFactory::getSingleton().setLoadResolver(&mFiles);

@@ -43,17 +43,15 @@ Session::Session(const Options &options)
     : mOptions(options), mHost(Host::create(options)), mIsScripted(!mHost->isWindow() || !options.script.empty()) {
     mEngine = std::make_unique<nurel::Engine>(makeConfig(options, *mHost, mIsScripted));
     UIManager::getSingleton().setScale(Vector2(options.scale, options.scale));
+    mScreen = std::make_unique<Screen>(options.screen, options.locale);
+    // The screen is on the stage before the first frame is counted.
+    updateToolkit();
     if (!options.trace.empty())
         mTrace = std::make_unique<EventTrace>(options.trace);
-    mScreen = std::make_unique<Screen>(options.screen, options.locale);
 }
 
-Session::~Session() {
-    mScreen.reset();
+Session::Toolkit::~Toolkit() {
     UIManager::shutdown();
-    mTrace.reset();
-    mEngine.reset();
-    mHost.reset();
 }
 
 double Session::getTime() const {
@@ -61,19 +59,22 @@ double Session::getTime() const {
 }
 
 void Session::runFrame() {
-    UIManager &manager = UIManager::getSingleton();
     mEngine->advance(FRAME_SECONDS);
-    if (mIsScripted)
-        nurel::texture::TexturePool::getSingleton().waitUntilLoaded();
-    mEngine->pump();
-    manager.updateEvents();
-    manager.update();
+    updateToolkit();
     if (mTrace)
         mTrace->frameEnded();
     if (mHost->isWindow()) {
         draw();
         mHost->present();
     }
+}
+
+void Session::updateToolkit() {
+    if (mIsScripted)
+        nurel::texture::TexturePool::getSingleton().waitUntilLoaded();
+    mEngine->pump();
+    UIManager::getSingleton().updateEvents();
+    UIManager::getSingleton().update();
 }
 
 void Session::draw() {

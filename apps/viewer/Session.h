@@ -19,7 +19,6 @@ namespace viewer {
 class Session {
 public:
     explicit Session(const Options &options);
-    ~Session();
     Session(const Session &) = delete;
     Session &operator=(const Session &) = delete;
 
@@ -49,6 +48,7 @@ public:
     double getTime() const;
 
 private:
+    void updateToolkit();
     bool isFinished(int frame) const;
     void draw();
 
@@ -56,8 +56,11 @@ private:
     std::unique_ptr<Host> mHost;
     const bool mIsScripted; ///< the clock moves by the frame, and a frame waits for its images
     std::unique_ptr<nurel::Engine> mEngine;
+    struct Toolkit {
+        ~Toolkit();
+    } mToolkit; ///< ends the manager ahead of the engine, also when the screen cannot be loaded
     std::unique_ptr<Screen> mScreen;
-    std::unique_ptr<EventTrace> mTrace;
+    std::unique_ptr<EventTrace> mTrace; ///< ends first: what the end of the others sends is no part of the run
 };
 
 } // namespace viewer

@@ -52,7 +52,7 @@ protected:
 
     static constexpr const char *SCREEN = R"({"type":"widget","name":"stage","size":[0,0,1,1],"children":[
         {"type":"panel","name":"form","size":[400,200],"children":[
-            {"type":"label","name":"ok","size":[100,40],"text":"OK","tab-stop":0,"event-mask-enable":["click","key","text"]}]},
+            {"type":"label","name":"ok","size":[100,40],"text":"OK","tab-stop":0,"event-mask-enable":["focus","click","key","text"]}]},
         {"type":"label","name":"ok","size":[50,20],"position":[0,-300],"text":"other","tab-stop":1}]})";
     static constexpr const char *PLAIN = "screen.ui --font '" FONT "'";
 
@@ -121,13 +121,17 @@ TEST_F(ViewerProgram, TheDumpTellsTheTree) {
 TEST_F(ViewerProgram, TheTraceTellsEveryEventAndChange) {
     write("script.json", R"([{"click":"form/ok"},{"tap":28},{"text":"ä"},{"frames":1}])");
     ASSERT_EQ(run(std::string(PLAIN) + " --headless --script script.json --trace trace.jsonl"), 0) << read("err.txt");
-    EXPECT_EQ(read("trace.jsonl"),
-              R"({"frame":0,"event":"ET_HOVER_EVENT","action":2,"handler":"ok","result":"ok"}
+    EXPECT_EQ(read("trace.jsonl"), R"({"frame":0,"event":"ET_HOVER_EVENT","action":2,"handler":"ok","result":"ok"}
 {"frame":0,"event":"ET_HOVER_EVENT","action":0,"handler":"ok","result":"ok"}
 {"frame":0,"hovered":"ok"}
-)"
-              R"({"frame":1,"event":"ET_MOUSE_EVENT","action":1,"handler":"ok","result":"ok"}
-{"frame":1,"event":"ET_FOCUS_EVENT","action":0,"handler":"ok","result":"stage"}
+{"frame":1,"event":"ET_MOUSE_EVENT","action":1,"handler":"ok","result":"ok"}
+{"frame":1,"event":"ET_FOCUS_EVENT","action":0,"handler":"ok","result":"ok"}
+{"frame":1,"focus":"ok"}
+{"frame":2,"event":"ET_MOUSE_EVENT","action":0,"handler":"ok","result":"ok"}
+{"frame":2,"event":"ET_CLICK_EVENT","handler":"ok","result":"ok"}
+{"frame":3,"event":"ET_KEY_EVENT","key":28,"pressed":true,"handler":"ok","result":"ok"}
+{"frame":4,"event":"ET_KEY_EVENT","key":28,"pressed":false,"handler":"ok","result":"ok"}
+{"frame":5,"event":"ET_TEXT_EVENT","text":"ä","handler":"ok","result":"ok"}
 )");
 }
 

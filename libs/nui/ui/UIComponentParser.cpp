@@ -4,6 +4,7 @@
 #include "nui/ui/Container.h"
 #include "nui/ui/Layout.h"
 #include "nui/ui/UIComponentFactory.h"
+#include "nui/ui/UIManager.h"
 #include "nui/ui/Widget.h"
 #include "nui/ui/components/Image.h"
 #include "nui/ui/components/Label.h"
@@ -101,6 +102,7 @@ Component *UIComponentParser::parseComponent(const json::JSObject *json) {
 
 core::SmartPtr<Component> UIComponentParser::createComponent(const char *word) const {
     if (const core::Type *type = filledTypeTable().get(word)) {
+        UIManager::getSingleton(); // the manager registers what makes the classes
         const core::SmartPtr<core::Object> object = EngineFactory::getSingleton().create(*type);
         if (!object || !object->instanceOf(Component::TYPE))
             throw core::IllegalArgumentException("Unknown component type %s", word);

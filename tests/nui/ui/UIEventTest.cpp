@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
+
 namespace nurel::ui {
 
 namespace {
@@ -10,6 +12,8 @@ struct TypeCase {
     unsigned int value;
     const char *text;
 };
+
+std::ostream &operator<<(std::ostream &out, const TypeCase &tested) { return out << tested.text; }
 
 class UIEventType : public testing::TestWithParam<TypeCase> {};
 

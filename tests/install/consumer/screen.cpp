@@ -5,14 +5,20 @@
 
 #include <cstdio>
 
+using nurel::ui::SkinManager;
 using nurel::ui::UIManager;
 using nurel::ui::Widget;
 using nurel::ui::components::Label;
+using nurel::ui::skins::DefaultSkin;
 
 int main() {
     nurel::Engine engine(nurel::EngineConfig::headless(640, 360));
     UIManager &manager = UIManager::getSingleton();
     {
+        core::SmartPtr<DefaultSkin> skin = new DefaultSkin();
+        SkinManager::getSingleton().addSkin(skin.get());
+        SkinManager::getSingleton().setDefaultSkin(skin.get());
+
         core::SmartPtr<Widget> widget = new Widget("screen");
         core::SmartPtr<Label> label = new Label("greeting");
         label->setText("Hello");

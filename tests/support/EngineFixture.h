@@ -23,8 +23,8 @@ class DefaultSkin;
 
 namespace test {
 
-/// A headless engine of 800 x 600 with a manual clock and a font of the test data, the style-free skin as the default one,
-/// and a capture of the log. The manager is shut down before the engine goes.
+/// A headless engine of 800 x 600 with a manual clock and a font of the test data, the style-free skin as the default
+/// one, and a capture of the log. The manager is shut down before the engine goes.
 class EngineFixture : public testing::Test {
 protected:
     EngineFixture();

@@ -12,8 +12,8 @@
 
 namespace core {
 
-/// A table from texts to values, with a value for the keys that it does not have. Despite its name it is an ordered tree:
-/// a walk goes through the keys in byte order. The map owns a copy of each key. A null key is never in it.
+/// A table from texts to values, with a value for the keys that it does not have. Despite its name it is an ordered
+/// tree: a walk goes through the keys in byte order. The map owns a copy of each key. A null key is never in it.
 ///
 /// An owning map hands each value that leaves it to handleLost().
 template <class T>

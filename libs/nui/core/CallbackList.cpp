@@ -17,7 +17,9 @@ void destroyChain(CallbackList::Entry *entry) {
 
 } // namespace
 
-CallbackList::Pass::Pass(CallbackList &list) : mList(list) { ++mList.mPasses; }
+CallbackList::Pass::Pass(CallbackList &list) : mList(list) {
+    ++mList.mPasses;
+}
 
 CallbackList::Pass::~Pass() {
     while (mList.mPasses == 1 && !mList.mAbandoned && mList.mHasRemoved)
@@ -34,7 +36,9 @@ CallbackList::Entry *CallbackList::Pass::live(Entry *entry) const {
     return entry;
 }
 
-CallbackList::~CallbackList() { destroyChain(std::exchange(mHead, nullptr)); }
+CallbackList::~CallbackList() {
+    destroyChain(std::exchange(mHead, nullptr));
+}
 
 void CallbackList::abandon(CallbackList *list) {
     if (!list)
@@ -50,7 +54,9 @@ int CallbackList::append(Entry *entry) {
     return entry->mId;
 }
 
-void CallbackList::appendWithId(Entry *entry) { link(entry); }
+void CallbackList::appendWithId(Entry *entry) {
+    link(entry);
+}
 
 CallbackList::Entry *CallbackList::find(int id) const {
     for (Entry *entry = mHead; entry; entry = entry->mNext) {

@@ -4,12 +4,12 @@
 
 namespace core {
 
-/// The subscribers of one publisher, in the order of subscription; what all instantiations of `CallbackSubscriptor` share.
-/// It is made with the first subscription, so that a publisher that nobody listens to is one null pointer.
+/// The subscribers of one publisher, in the order of subscription; what all instantiations of `CallbackSubscriptor`
+/// share. It is made with the first subscription, so that a publisher that nobody listens to is one null pointer.
 ///
-/// A pass over the list survives everything that a callback may do: entries that go while a pass runs are only marked and
-/// are freed after the outermost pass, and a list whose publisher dies lives on, marked as a whole, until then.
-/// The publisher's thread alone uses it.
+/// A pass over the list survives everything that a callback may do: entries that go while a pass runs are only marked
+/// and are freed after the outermost pass, and a list whose publisher dies lives on, marked as a whole, until then. The
+/// publisher's thread alone uses it.
 class CallbackList {
 public:
     struct Entry {
@@ -51,8 +51,8 @@ public:
     /// Ends the list with its publisher. The memory goes at once, or with the last pass that is under way.
     static void abandon(CallbackList *list);
 
-    /// Appends the entry, which the list owns from now on, and returns its id: 1 for the first, never one that was given
-    /// before.
+    /// Appends the entry, which the list owns from now on, and returns its id: 1 for the first, never one that was
+    /// given before.
     int append(Entry *entry);
 
     /// Appends an entry that keeps the id which it brings.

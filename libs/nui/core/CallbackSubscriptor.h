@@ -15,12 +15,13 @@ namespace core {
 
 /// The subscribers of one signal of type R(A...), called in the order of subscription.
 ///
-/// **What a callback returns says whether it is finished: true unsubscribes it, false keeps it for the next time.** It has
-/// nothing to do with consuming an event, and no value ends the pass.
+/// **What a callback returns says whether it is finished: true unsubscribes it, false keeps it for the next time.** It
+/// has nothing to do with consuming an event, and no value ends the pass.
 ///
-/// A callback may do anything while it is called: subscribe (the new one is called in the same pass), unsubscribe itself or
-/// others (who are then not called any more), remove all callbacks, trigger the same signal again, throw, or destroy the
-/// publisher, which ends the pass. What a removed callback holds is freed after the outermost pass at the latest.
+/// A callback may do anything while it is called: subscribe (the new one is called in the same pass), unsubscribe
+/// itself or others (who are then not called any more), remove all callbacks, trigger the same signal again, throw, or
+/// destroy the publisher, which ends the pass. What a removed callback holds is freed after the outermost pass at the
+/// latest.
 ///
 /// Not safe against concurrent use: everything runs on the publisher's thread.
 template <int, class R, class... A>
@@ -60,15 +61,16 @@ public:
 
     ~CallbackSubscriptor_Base() { CallbackList::abandon(mList); }
 
-    /// Returns the id that ends the subscription. An empty function is not subscribed and gives 0, which is nobody's id.
+    /// Returns the id that ends the subscription. An empty function is not subscribed and gives 0, which is nobody's
+    /// id.
     int subscribeCallback(Function &&function) {
         if (!function)
             return 0;
         return subscribeCreatedCallback(new CallbackType(new FunctionCallbackInterface<R, A...>(std::move(function))));
     }
 
-    /// Subscribes a member function of an object, which is only pointed at: end the subscription before the object goes.
-    /// Values behind the method are handed to it after the signal's own arguments.
+    /// Subscribes a member function of an object, which is only pointed at: end the subscription before the object
+    /// goes. Values behind the method are handed to it after the signal's own arguments.
     template <class Object, class Method, class... Bound>
     int subscribeCallback(Object *object, Method method, Bound... bound) {
         return subscribeCreatedCallback(newCallback(object, method, std::move(bound)...));
@@ -83,7 +85,8 @@ public:
         return obtainList().append(entry.release());
     }
 
-    /// The callback that the member function form subscribes; the caller deletes it. An equal one serves to unsubscribe.
+    /// The callback that the member function form subscribes; the caller deletes it. An equal one serves to
+    /// unsubscribe.
     template <class Object, class Method, class... Bound>
     static CallbackType *newCallback(Object *object, Method method, Bound... bound) {
         using Member = mpl::MEncapsulate<Object, Method>;
@@ -150,7 +153,8 @@ protected:
 template <int BASE, int, class R, class... A>
 class CallbackSubscriptorNotTyped : public CallbackSubscriptor_Base<BASE, R, A...> {
 public:
-    /// Calls the subscribers with the arguments. The publisher may be gone when this returns, if a callback destroyed it.
+    /// Calls the subscribers with the arguments. The publisher may be gone when this returns, if a callback destroyed
+    /// it.
     void triggerCallbacks(A... arguments) {
         if (!this->mList)
             return;

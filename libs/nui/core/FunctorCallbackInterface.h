@@ -6,8 +6,8 @@
 
 namespace core {
 
-/// A call target that holds a comparable functor: a member function with its object (`mpl::MEncapsulate`), or a function
-/// with bound arguments (`mpl::Linker`). Equal to another of the same functor type whose functor is equal.
+/// A call target that holds a comparable functor: a member function with its object (`mpl::MEncapsulate`), or a
+/// function with bound arguments (`mpl::Linker`). Equal to another of the same functor type whose functor is equal.
 template <class Functor, class R, class... A>
 class FunctorCallbackInterface_Base : public CallbackInterface<R, A...> {
 public:

@@ -4,7 +4,8 @@
 
 namespace nurel::ui {
 
-/// The frames around a component's content, outermost first, in pixels. Each is (x = top, y = right, z = bottom, w = left).
+/// The frames around a component's content, outermost first, in pixels. Each is (x = top, y = right, z = bottom, w =
+/// left).
 struct BoxModel {
     math::Vector4 margin = math::Vector4(0, 0, 0, 0);
     math::Vector4 border = math::Vector4(0, 0, 0, 0);

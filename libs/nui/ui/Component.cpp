@@ -79,8 +79,12 @@ void Component::setZIndex(int zIndex) {
     mParent->setDirty__(DIRTY_CHILD_VIEW, DIRTY_UP);
 }
 
-void Component::setUserData(UserData *data) { mUserData = data; }
+void Component::setUserData(UserData *data) {
+    mUserData = data;
+}
 
-void Component::clearUserData() { mUserData = nullptr; }
+void Component::clearUserData() {
+    mUserData = nullptr;
+}
 
 } // namespace nurel::ui

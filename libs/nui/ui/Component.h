@@ -30,21 +30,22 @@ class Texture;
 
 namespace nurel::ui {
 
-/// The signal of one event class: a callback gets the handler and the event. What it returns says whether it is finished
-/// (true unsubscribes it); it does not say whether the event is consumed.
+/// The signal of one event class: a callback gets the handler and the event. What it returns says whether it is
+/// finished (true unsubscribes it); it does not say whether the event is consumed.
 template <class Event>
 using EventCallbacks = core::CallbackSubscriptor<Event, 1, bool, UIEventHandler *, const Event &>;
 
-/// Base of every element of the user interface: where it is and how large, how it stands (enabled, visible, focused, …),
-/// what it is called for style sheets, what draws it, and how it takes part in the event chain.
+/// Base of every element of the user interface: where it is and how large, how it stands (enabled, visible, focused,
+/// …), what it is called for style sheets, what draws it, and how it takes part in the event chain.
 ///
-/// **Geometry is declared.** Setters only record what is asked for and raise dirty flags; update(), which the `UIManager`
-/// calls each frame for trees that have a flag, turns declarations into computed values. A computed value is valid only
-/// after that. Coordinates are UI pixels, x to the right and y down; positions are centres. z grows away from the viewer.
+/// **Geometry is declared.** Setters only record what is asked for and raise dirty flags; update(), which the
+/// `UIManager` calls each frame for trees that have a flag, turns declarations into computed values. A computed value
+/// is valid only after that. Coordinates are UI pixels, x to the right and y down; positions are centres. z grows away
+/// from the viewer.
 ///
-/// **Animation.** While `UIManager::beginAnimation()` is open, setPosition(), setSize(), setPositionData(), setRotation(),
-/// setScale(), setTransform(), setOpacity() and setVisible() change nothing but record their value as the target of an
-/// animation.
+/// **Animation.** While `UIManager::beginAnimation()` is open, setPosition(), setSize(), setPositionData(),
+/// setRotation(), setScale(), setTransform(), setOpacity() and setVisible() change nothing but record their value as
+/// the target of an animation.
 ///
 /// **Ownership.** Components are counted and held by `core::SmartPtr`; a container holds its children. A new component
 /// and a clone have the count 0 and belong to whoever made them. The parent and the handler are only pointed at. A copy
@@ -85,8 +86,8 @@ public:
     /// (100, 64): the size of a component that is not told another.
     static const math::Vector2 DEFAULT_SIZE;
 
-    /// One vertical and one horizontal choice: which edges of the parent the position counts from. An axis without a bit
-    /// gets neither margin nor anchor offset.
+    /// One vertical and one horizontal choice: which edges of the parent the position counts from. An axis without a
+    /// bit gets neither margin nor anchor offset.
     using Anchor = unsigned int;
     enum AnchorBit : Anchor {
         ANCHOR_TOP = 0x01,
@@ -113,21 +114,22 @@ public:
 
     /// What has to be done before the component can be drawn. A new component has all of them.
     enum DirtyFlag : unsigned int {
-        /// Declared geometry changed. Raised by every geometry setter, by setParent() and by scrolling the parent; cleared
-        /// by updatePosition().
+        /// Declared geometry changed. Raised by every geometry setter, by setParent() and by scrolling the parent;
+        /// cleared by updatePosition().
         DIRTY_POSITION = 0x01,
-        /// What lies inside changed: children, layout, text, or a relative size under a new parent size. Raised by adding
-        /// and removing children, by updatePosition(), and on the parent by every geometry setter; cleared by
+        /// What lies inside changed: children, layout, text, or a relative size under a new parent size. Raised by
+        /// adding and removing children, by updatePosition(), and on the parent by every geometry setter; cleared by
         /// updateContent().
         DIRTY_CONTENT = 0x02,
         /// Some descendant has DIRTY_CONTENT. Raised on the way up; cleared by update().
         DIRTY_CHILD_CONTENT = 0x04,
         /// Classes changed: the view recomputes its style. Raised by the class operations; cleared by updateView().
         DIRTY_STYLE = 0x08,
-        /// The view has to be refreshed. Raised with every other flag but DIRTY_CONTENT alone, by changes of state and by
-        /// events that change it; cleared by updateView().
+        /// The view has to be refreshed. Raised with every other flag but DIRTY_CONTENT alone, by changes of state and
+        /// by events that change it; cleared by updateView().
         DIRTY_VIEW = 0x10,
-        /// Some descendant needs an update, so the tree's widget is not skipped. Raised up the chain; cleared by update().
+        /// Some descendant needs an update, so the tree's widget is not skipped. Raised up the chain; cleared by
+        /// update().
         DIRTY_CHILD_VIEW = 0x20,
         /// A child's z-index changed: the container has to sort. Raised by setZIndex() of a child; cleared by
         /// updateContent() and `Container::applyZIndex()`.
@@ -195,8 +197,8 @@ public:
     void setZIndex(int zIndex);
     int getZIndex() const { return mZIndex; }
 
-    // --- Declared geometry. A setter that compares does nothing when told what it knows; one that does not, invalidates
-    // --- all the same.
+    // --- Declared geometry. A setter that compares does nothing when told what it knows; one that does not,
+    // --- invalidates all the same.
 
     /// Sets x and y, with no relative part. z is ignored: the depth has a setter of its own.
     void setPosition(const math::Vector3 &position);
@@ -390,8 +392,8 @@ public:
     // --- Events and the rest
 
     /// What the ray meets: this component, or for a container one of its descendants; null when it misses, and for a
-    /// component that is not enabled or has no view. `point` gets where, relative to the centre of what was hit. The left
-    /// and top edges belong to the component, the right and bottom edges do not.
+    /// component that is not enabled or has no view. `point` gets where, relative to the centre of what was hit. The
+    /// left and top edges belong to the component, the right and bottom edges do not.
     virtual Component *hitTest(const Ray &ray, math::Vector3 &point);
 
     /// The attached handler, or else the parent.
@@ -413,7 +415,8 @@ public:
 protected:
     Component(const char *name, const char *element);
 
-    /// The declared size that a class starts with. For constructors: nothing is marked, and no open animation records it.
+    /// The declared size that a class starts with. For constructors: nothing is marked, and no open animation records
+    /// it.
     void initializeSize(const math::Vector2 &absolute, const math::Vector2 &relative) {
         mDeclaredSize.absolute = absolute;
         mDeclaredSize.relative = relative;

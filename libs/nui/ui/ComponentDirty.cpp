@@ -66,7 +66,9 @@ void Component::setClean(unsigned int bits) {
         mDirty |= DIRTY_VIEW;
 }
 
-void Component::updateContent() { setClean(DIRTY_CONTENT | DIRTY_ZORDER); }
+void Component::updateContent() {
+    setClean(DIRTY_CONTENT | DIRTY_ZORDER);
+}
 
 void Component::updateView() {
     if (!mView)

@@ -95,13 +95,21 @@ UIEventHandler *Component::dispatch(const Event &event) {
     return kept.release();
 }
 
-UIEventHandler *Component::processEvent(const TextEvent &) { return this; }
+UIEventHandler *Component::processEvent(const TextEvent &) {
+    return this;
+}
 
-UIEventHandler *Component::processEvent(const KeyEvent &) { return this; }
+UIEventHandler *Component::processEvent(const KeyEvent &) {
+    return this;
+}
 
-UIEventHandler *Component::processEvent(const ClickEvent &) { return this; }
+UIEventHandler *Component::processEvent(const ClickEvent &) {
+    return this;
+}
 
-UIEventHandler *Component::processEvent(const FocusEvent &) { return mTabStop >= 0 ? this : nullptr; }
+UIEventHandler *Component::processEvent(const FocusEvent &) {
+    return mTabStop >= 0 ? this : nullptr;
+}
 
 UIEventHandler *Component::processEvent(const WheelEvent &event) {
     onMouseWheel(event.getCursor(), event.getDelta());

@@ -30,7 +30,9 @@ void Component::setDepth(float depth) {
     setDirty(DIRTY_POSITION);
 }
 
-void Component::setSize(const math::Vector2 &size) { setSize(size, math::Vector2(0, 0)); }
+void Component::setSize(const math::Vector2 &size) {
+    setSize(size, math::Vector2(0, 0));
+}
 
 void Component::setSize(const math::Vector2 &absolute, const math::Vector2 &relative) {
     if (absolute == mDeclaredSize.absolute && relative == mDeclaredSize.relative)
@@ -72,18 +74,26 @@ void Component::setMinimumSize(const math::Vector2 &size) {
     setDirty(DIRTY_POSITION);
 }
 
-void Component::setMinimumWidth(float width) { setMinimumSize(math::Vector2(width, mDeclaredSize.minimum.y)); }
+void Component::setMinimumWidth(float width) {
+    setMinimumSize(math::Vector2(width, mDeclaredSize.minimum.y));
+}
 
-void Component::setMinimumHeight(float height) { setMinimumSize(math::Vector2(mDeclaredSize.minimum.x, height)); }
+void Component::setMinimumHeight(float height) {
+    setMinimumSize(math::Vector2(mDeclaredSize.minimum.x, height));
+}
 
 void Component::setMaximumSize(const math::Vector2 &size) {
     mDeclaredSize.maximum = size;
     setDirty(DIRTY_POSITION);
 }
 
-void Component::setMaximumWidth(float width) { setMaximumSize(math::Vector2(width, mDeclaredSize.maximum.y)); }
+void Component::setMaximumWidth(float width) {
+    setMaximumSize(math::Vector2(width, mDeclaredSize.maximum.y));
+}
 
-void Component::setMaximumHeight(float height) { setMaximumSize(math::Vector2(mDeclaredSize.maximum.x, height)); }
+void Component::setMaximumHeight(float height) {
+    setMaximumSize(math::Vector2(mDeclaredSize.maximum.x, height));
+}
 
 void Component::setFixedAspectRatio(float ratio) {
     mDeclaredSize.fixedAspectRatio = ratio;

@@ -8,7 +8,9 @@ namespace nurel::ui {
 
 constinit const core::Type ComponentHandler::TYPE("ComponentHandler", &UIEventHandler::TYPE);
 
-ComponentHandler::ComponentHandler(const char *name, Component *target) : UIEventHandler(name) { setTarget(target); }
+ComponentHandler::ComponentHandler(const char *name, Component *target) : UIEventHandler(name) {
+    setTarget(target);
+}
 
 ComponentHandler::~ComponentHandler() {
     addRef(); // the target's end may set off anything
@@ -25,6 +27,8 @@ void ComponentHandler::setTarget(Component *target) {
         target->setHandler(this);
 }
 
-UIEventHandler *ComponentHandler::nextHandler() { return mTarget ? mTarget->getParent() : nullptr; }
+UIEventHandler *ComponentHandler::nextHandler() {
+    return mTarget ? mTarget->getParent() : nullptr;
+}
 
 } // namespace nurel::ui

@@ -7,8 +7,8 @@ namespace nurel::ui {
 
 class Component;
 
-/// A behaviour that stands in the event chain between a component, its target, and the target's parent. It sees what the
-/// target passes on, and takes part in the filter pass of all that comes from the target and from below it.
+/// A behaviour that stands in the event chain between a component, its target, and the target's parent. It sees what
+/// the target passes on, and takes part in the filter pass of all that comes from the target and from below it.
 ///
 /// The handler holds a reference on its target, which only points back: the handler belongs to whoever made it, and the
 /// target does not die while it is attached.
@@ -22,8 +22,8 @@ public:
     ComponentHandler &operator=(const ComponentHandler &) = delete;
     ~ComponentHandler() override;
 
-    /// Null detaches. A handler that the new target had before is no longer in its chain, but still has it as its target;
-    /// when it lets go of it, the target is left without any handler.
+    /// Null detaches. A handler that the new target had before is no longer in its chain, but still has it as its
+    /// target; when it lets go of it, the target is left without any handler.
     void setTarget(Component *target);
     Component *getTarget() { return mTarget.get(); }
     const Component *getTarget() const { return mTarget.get(); }

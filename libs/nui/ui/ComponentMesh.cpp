@@ -34,9 +34,9 @@ scene::Mesh *Component::getMesh() {
 
 scene::Mesh *Component::createMesh() {
     const UIManager *manager = detail::findManager();
-    core::SmartPtr<scene::Mesh> mesh(new scene::meshes::BorderedRectangleMesh(
-        "mMesh", math::Vector2(0, 0), math::Vector4(0, 0, 0, 0), nullptr,
-        manager ? manager->getGeometryAllocator() : nullptr));
+    core::SmartPtr<scene::Mesh> mesh(
+        new scene::meshes::BorderedRectangleMesh("mMesh", math::Vector2(0, 0), math::Vector4(0, 0, 0, 0), nullptr,
+                                                 manager ? manager->getGeometryAllocator() : nullptr));
     mesh->setProperty(new scene::properties::AlphaProperty(""));
     mesh->setProperty(new scene::properties::MaterialProperty(""));
     return mesh.release();
@@ -55,11 +55,17 @@ math::Vector3 Component::getMeshColor() {
     return math::Vector3(color.x, color.y, color.z);
 }
 
-void Component::setMeshColor(const math::Vector3 &color) { obtainMaterial().setColor(color); }
+void Component::setMeshColor(const math::Vector3 &color) {
+    obtainMaterial().setColor(color);
+}
 
-void Component::setMeshProperty(scene::Property *property) { getMesh()->setProperty(property); }
+void Component::setMeshProperty(scene::Property *property) {
+    getMesh()->setProperty(property);
+}
 
-texture::Texture *Component::getMeshTexture(unsigned int stage) { return obtainTexture().getTexture(stage); }
+texture::Texture *Component::getMeshTexture(unsigned int stage) {
+    return obtainTexture().getTexture(stage);
+}
 
 void Component::setMeshTexture(texture::Texture *texture, unsigned int stage) {
     if (stage >= scene::properties::TextureProperty::MAX_STAGES)
@@ -93,6 +99,8 @@ void Component::setOpacity(float value, bool recursive) {
     applyOpacity(value, recursive);
 }
 
-void Component::applyOpacity(float value, bool) { obtainMaterial().setAlpha(value); }
+void Component::applyOpacity(float value, bool) {
+    obtainMaterial().setAlpha(value);
+}
 
 } // namespace nurel::ui

@@ -9,11 +9,17 @@ namespace nurel::ui {
 
 namespace {
 
-bool isWhole(float value) { return value == std::floor(value); }
+bool isWhole(float value) {
+    return value == std::floor(value);
+}
 
-math::Vector2 floorOf(const math::Vector2 &v) { return math::Vector2(std::floor(v.x), std::floor(v.y)); }
+math::Vector2 floorOf(const math::Vector2 &v) {
+    return math::Vector2(std::floor(v.x), std::floor(v.y));
+}
 
-bool isZero(const math::Vector2 &v) { return v.x == 0 && v.y == 0; }
+bool isZero(const math::Vector2 &v) {
+    return v.x == 0 && v.y == 0;
+}
 
 /// Keeps a size within its limits, of which 0 is none. The minimum comes second and so wins.
 void limit(float &size, float minimum, float maximum) {
@@ -23,10 +29,11 @@ void limit(float &size, float minimum, float maximum) {
         size = minimum;
 }
 
-/// What a component gets along one axis for its margins and its parent's frame. Both edge anchors add the leading margin:
-/// a right-anchored component is kept off the edge by its left margin alone, a bottom-anchored one by its top margin.
-float marginOffset(Component::Anchor choice, Component::Anchor leading, Component::Anchor centre, Component::Anchor trailing,
-                   float leadingMargin, float trailingMargin, float parentInset) {
+/// What a component gets along one axis for its margins and its parent's frame. Both edge anchors add the leading
+/// margin: a right-anchored component is kept off the edge by its left margin alone, a bottom-anchored one by its top
+/// margin.
+float marginOffset(Component::Anchor choice, Component::Anchor leading, Component::Anchor centre,
+                   Component::Anchor trailing, float leadingMargin, float trailingMargin, float parentInset) {
     if (choice == leading || choice == trailing)
         return leadingMargin + parentInset;
     if (choice == centre)
@@ -59,10 +66,6 @@ math::Vector2 Component::calculateParentSize() const {
     if ((parent.autoSize & AUTO_SIZE_HEIGHT) && mDeclaredSize.relative.y > 0)
         size.y = parent.maximum.y;
     return size;
-}
-
-math::Vector2 Component::getAutoSize(const math::Vector2 &current) {
-    return current;
 }
 
 math::Vector2 Component::calculateSize(math::Vector2 &natural) {
@@ -98,7 +101,9 @@ math::Vector2 Component::calculateSize(math::Vector2 &natural) {
     return floorOf(rounded * mScale);
 }
 
-math::Vector2 Component::getAutoSize(const math::Vector2 &current) { return current; }
+math::Vector2 Component::getAutoSize(const math::Vector2 &current) {
+    return current;
+}
 
 math::Vector3 Component::calculatePosition() const {
     // 1. and 2.

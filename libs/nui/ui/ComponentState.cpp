@@ -14,9 +14,13 @@ void checkEnabledValidity() {
 
 } // namespace
 
-void Component::enableState(unsigned int mask) { setState(mState | mask); }
+void Component::enableState(unsigned int mask) {
+    setState(mState | mask);
+}
 
-void Component::disableState(unsigned int mask) { setState(mState & ~mask); }
+void Component::disableState(unsigned int mask) {
+    setState(mState & ~mask);
+}
 
 void Component::setState(unsigned int state) {
     if (state == mState)
@@ -96,7 +100,9 @@ void Component::setTabStop(int tabStop) {
     setDirty(DIRTY_VIEW);
 }
 
-void Component::setElement(const char *element) { mElement = element ? element : ""; }
+void Component::setElement(const char *element) {
+    mElement = element ? element : "";
+}
 
 void Component::addClass(const char *name) {
     mClasses.put(name, true);
@@ -113,7 +119,9 @@ void Component::removeClasses() {
     setDirty(DIRTY_STYLE | DIRTY_VIEW);
 }
 
-void Component::setClass(const char *name) { addClass(name); }
+void Component::setClass(const char *name) {
+    addClass(name);
+}
 
 void Component::setClasses(const core::CKHashMapValue<bool> &classes) {
     const core::CKHashMapValue<bool> added(classes); // may be the own set

@@ -66,7 +66,8 @@ protected:
     /// Tells the component that its geometry has to be worked out again.
     void forceDirty();
 
-    /// Brings position and content of the component up to date if they are dirty: the first thing that updateView() does.
+    /// Brings position and content of the component up to date if they are dirty: the first thing that updateView()
+    /// does.
     void updateComponent();
 
 private:

@@ -35,7 +35,9 @@ void Component::dropView() {
     mView = nullptr;
 }
 
-void Component::clearView() { dropView(); }
+void Component::clearView() {
+    dropView();
+}
 
 void Component::setSkin(Skin *skin, bool force) {
     if (skin && (!mView || mView->getSkin() != skin || force))
@@ -47,8 +49,8 @@ Skin *Component::getSkin() const {
         if (component->mView)
             return component->mView->getSkin();
         if (component->instanceOf(Widget::TYPE))
-            return SkinManager::getSingleton().getSkin(
-                static_cast<const Widget *>(component)->getSkinName().c_str(), true);
+            return SkinManager::getSingleton().getSkin(static_cast<const Widget *>(component)->getSkinName().c_str(),
+                                                       true);
     }
     return SkinManager::getSingleton().getDefaultSkin();
 }

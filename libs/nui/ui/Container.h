@@ -6,11 +6,11 @@
 
 namespace nurel::ui {
 
-/// A component with children: it keeps them sorted by z-index, passes updates, visibility and opacity down, lets a layout
-/// place them, measures what they cover, scrolls them, and makes scroll bars when the content does not fit.
+/// A component with children: it keeps them sorted by z-index, passes updates, visibility and opacity down, lets a
+/// layout place them, measures what they cover, scrolls them, and makes scroll bars when the content does not fit.
 ///
-/// A container holds a reference on each child; a child belongs to one container at a time. The scroll bars that it makes
-/// are children too: they stand behind all others and are not counted by getChildCount().
+/// A container holds a reference on each child; a child belongs to one container at a time. The scroll bars that it
+/// makes are children too: they stand behind all others and are not counted by getChildCount().
 class Container : public Component {
 public:
     static const core::Type TYPE;
@@ -38,8 +38,8 @@ public:
 
     // --- Children
 
-    /// Puts the child behind all siblings whose z-index is not above its own, and, with `useLayout`, under the layout. Its
-    /// own child and null are ignored. A child of another container raises `core::IllegalStateException` "Component
+    /// Puts the child behind all siblings whose z-index is not above its own, and, with `useLayout`, under the layout.
+    /// Its own child and null are ignored. A child of another container raises `core::IllegalStateException` "Component
     /// already has a parent"; so does a container that this one lies in, with a text of its own.
     void addChild(Component *child, bool useLayout = true) { _addChild(child, useLayout); }
 
@@ -105,8 +105,8 @@ public:
     const ScrollInfo &getScrollInfoH() const { return mScrollInfoH; }
     const ScrollInfo &getScrollInfoV() const { return mScrollInfoV; }
 
-    /// The room between content and edge on the left and top, and on the right and bottom; negative where content sticks
-    /// out.
+    /// The room between content and edge on the left and top, and on the right and bottom; negative where content
+    /// sticks out.
     const math::Vector2 &getScrollMin() const { return mScrollMin; }
     const math::Vector2 &getScrollMax() const { return mScrollMax; }
 

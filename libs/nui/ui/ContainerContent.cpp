@@ -10,9 +10,13 @@ namespace nurel::ui {
 
 namespace {
 
-float horizontalFrame(const BoxModel &box) { return box.padding.y + box.border.y + box.border.w + box.padding.w; }
+float horizontalFrame(const BoxModel &box) {
+    return box.padding.y + box.border.y + box.border.w + box.padding.w;
+}
 
-float verticalFrame(const BoxModel &box) { return box.padding.x + box.border.x + box.border.z + box.padding.z; }
+float verticalFrame(const BoxModel &box) {
+    return box.padding.x + box.border.x + box.border.z + box.padding.z;
+}
 
 } // namespace
 

@@ -23,8 +23,7 @@ const Container::AxisTraits &Container::AxisTraits::of(Axis axis) {
     static constexpr AxisTraits TRAITS[] = {
         {SCROLL_HORIZONTAL, "scroll-h", ANCHOR_BOTTOM_LEFT, &math::Vector2::x, &math::Vector2::y,
          &Container::mScrollInfoH},
-        {SCROLL_VERTICAL, "scroll-v", ANCHOR_TOP_RIGHT, &math::Vector2::y, &math::Vector2::x,
-         &Container::mScrollInfoV},
+        {SCROLL_VERTICAL, "scroll-v", ANCHOR_TOP_RIGHT, &math::Vector2::y, &math::Vector2::x, &Container::mScrollInfoV},
     };
     return TRAITS[axis];
 }
@@ -44,7 +43,9 @@ unsigned int Container::getScrollEnabled() const {
     return enabled;
 }
 
-void Container::markScrolled() { setDirty(DIRTY_POSITION | DIRTY_CONTENT | DIRTY_VIEW); }
+void Container::markScrolled() {
+    setDirty(DIRTY_POSITION | DIRTY_CONTENT | DIRTY_VIEW);
+}
 
 void Container::setScrollOffset(const math::Vector2 &offset) {
     mScrollOffset = offset;
@@ -79,7 +80,9 @@ void Container::scrollPercent(const math::Vector2 &fraction) {
     setScrollOffset(math::Vector2(std::floor(offset.x), std::floor(offset.y)));
 }
 
-math::Vector2 Container::getScrollAbsolute() const { return mScrollMin - mScrollOffset; }
+math::Vector2 Container::getScrollAbsolute() const {
+    return mScrollMin - mScrollOffset;
+}
 
 math::Vector2 Container::getScrollPercent() const {
     const math::Vector2 room = mScrollMax + mScrollMin;
@@ -87,7 +90,9 @@ math::Vector2 Container::getScrollPercent() const {
     return math::Vector2(room.x != 0 ? done.x / room.x : 0, room.y != 0 ? done.y / room.y : 0);
 }
 
-math::Vector2 Container::getContentExtents() const { return mContentExtentMax - mContentExtentMin; }
+math::Vector2 Container::getContentExtents() const {
+    return mContentExtentMax - mContentExtentMin;
+}
 
 bool Container::isContentOutside() const {
     return mScrollMin.x < 0 || mScrollMin.y < 0 || mScrollMax.x < 0 || mScrollMax.y < 0;
@@ -112,7 +117,9 @@ void Container::setClipChildren(bool clip) {
     setDirty__(DIRTY_VIEW, DIRTY_DOWN);
 }
 
-void Container::ensureChildVisibility(Component *, const math::Vector3 &, const math::Vector3 &) { ensureVisibility(); }
+void Container::ensureChildVisibility(Component *, const math::Vector3 &, const math::Vector3 &) {
+    ensureVisibility();
+}
 
 void Container::dragAxis(const ScrollInfo &info, float delta, float minimum, float maximum, float &offset) const {
     if (!info.scrollable)

@@ -44,13 +44,29 @@ UIEventHandler *UIEventHandler::passOn(const Event &event) {
     return next ? next->processEvent(event) : nullptr;
 }
 
-UIEventHandler *UIEventHandler::processEvent(const TextEvent &event) { return passOn(event); }
-UIEventHandler *UIEventHandler::processEvent(const KeyEvent &event) { return passOn(event); }
-UIEventHandler *UIEventHandler::processEvent(const DragEvent &event) { return passOn(event); }
-UIEventHandler *UIEventHandler::processEvent(const WheelEvent &event) { return passOn(event); }
-UIEventHandler *UIEventHandler::processEvent(const ClickEvent &event) { return passOn(event); }
-UIEventHandler *UIEventHandler::processEvent(const MouseEvent &event) { return passOn(event); }
-UIEventHandler *UIEventHandler::processEvent(const HoverEvent &event) { return passOn(event); }
-UIEventHandler *UIEventHandler::processEvent(const FocusEvent &event) { return passOn(event); }
+UIEventHandler *UIEventHandler::processEvent(const TextEvent &event) {
+    return passOn(event);
+}
+UIEventHandler *UIEventHandler::processEvent(const KeyEvent &event) {
+    return passOn(event);
+}
+UIEventHandler *UIEventHandler::processEvent(const DragEvent &event) {
+    return passOn(event);
+}
+UIEventHandler *UIEventHandler::processEvent(const WheelEvent &event) {
+    return passOn(event);
+}
+UIEventHandler *UIEventHandler::processEvent(const ClickEvent &event) {
+    return passOn(event);
+}
+UIEventHandler *UIEventHandler::processEvent(const MouseEvent &event) {
+    return passOn(event);
+}
+UIEventHandler *UIEventHandler::processEvent(const HoverEvent &event) {
+    return passOn(event);
+}
+UIEventHandler *UIEventHandler::processEvent(const FocusEvent &event) {
+    return passOn(event);
+}
 
 } // namespace nurel::ui

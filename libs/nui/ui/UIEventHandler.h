@@ -11,24 +11,23 @@ namespace nurel::ui {
 ///
 /// An event goes to handleEvent() of the first link. A link whose event mask does not admit the event passes it on
 /// untouched. Before a link acts, filterEvent() asks the whole chain towards the root, where anyone may take the event
-/// away or give it to another handler. What an operation returns is the handler that consumed the event, null when there
-/// was none.
+/// away or give it to another handler. What an operation returns is the handler that consumed the event, null when
+/// there was none.
 ///
-/// This base admits events for the filter pass only and forwards everything else unchanged. Links are used on the thread
-/// that delivers events, the one that drives the `UIManager`.
-class UIEventHandler
-    : public core::NamedObject,
-      public core::CallbackSubscriptor<mpl::Int2Type<1>, 1, bool, class UIEventHandler *, const UIEvent &,
-                                       class UIEventHandler *&> {
+/// This base admits events for the filter pass only and forwards everything else unchanged. Links are used on the
+/// thread that delivers events, the one that drives the `UIManager`.
+class UIEventHandler : public core::NamedObject,
+                       public core::CallbackSubscriptor<mpl::Int2Type<1>, 1, bool, class UIEventHandler *,
+                                                        const UIEvent &, class UIEventHandler *&> {
 public:
     static const core::Type TYPE;
     static const core::Type &type() { return TYPE; }
     const core::Type &getType() const override { return TYPE; }
 
-    /// Called on the filter pass with this handler, the event, and the handler that is about to get it: a callback may put
-    /// another one, or null, in its place. Subscribe by `handler->FilterCallbacks::subscribeCallback(...)`.
-    using FilterCallbacks = core::CallbackSubscriptor<mpl::Int2Type<1>, 1, bool, UIEventHandler *, const UIEvent &,
-                                                      UIEventHandler *&>;
+    /// Called on the filter pass with this handler, the event, and the handler that is about to get it: a callback may
+    /// put another one, or null, in its place. Subscribe by `handler->FilterCallbacks::subscribeCallback(...)`.
+    using FilterCallbacks =
+        core::CallbackSubscriptor<mpl::Int2Type<1>, 1, bool, UIEventHandler *, const UIEvent &, UIEventHandler *&>;
 
     /// Lets the subscription template be named through an object whose class has several signals.
     template <class Tag, int N, class R, class... A>
@@ -40,7 +39,8 @@ public:
     static constexpr unsigned int EVENT_MASK_DEFAULT =
         UIEvent::ET_FOCUS_EVENT | UIEvent::ET_HOVER_EVENT | UIEvent::ET_MOUSE_EVENT | UIEvent::EVENT_MASK_HITTABLE;
 
-    /// How often one event may be redirected by filters before it is dropped: handlers that redirect in a ring end here.
+    /// How often one event may be redirected by filters before it is dropped: handlers that redirect in a ring end
+    /// here.
     static constexpr unsigned int MAXIMUM_REDIRECTS = 64;
 
     explicit UIEventHandler(const char *name = "") : core::NamedObject(name) {}
@@ -48,8 +48,8 @@ public:
     /// The next link towards the root; null at the end.
     virtual UIEventHandler *nextHandler() { return nullptr; }
 
-    /// Delivers an event to this link. Returns the handler that consumed it, null when there was none or when that handler
-    /// did not outlive the event.
+    /// Delivers an event to this link. Returns the handler that consumed it, null when there was none or when that
+    /// handler did not outlive the event.
     virtual UIEventHandler *handleEvent(const UIEvent &event);
 
     /// The filter pass: this link's subscribers first, then the next link. Returns who is to get the event instead of
@@ -71,8 +71,8 @@ public:
     void _clone(core::Object *target, core::CloningOptions &options) const override;
 
 protected:
-    /// Keeps a handler in memory for a while that its own callbacks might destroy. An object that no SmartPtr holds, such
-    /// as one on the stack, stays its owner's. Holding null is allowed.
+    /// Keeps a handler in memory for a while that its own callbacks might destroy. An object that no SmartPtr holds,
+    /// such as one on the stack, stays its owner's. Holding null is allowed.
     class Keeper {
     public:
         explicit Keeper(UIEventHandler *handler) : mHandler(handler), mCounted(handler && handler->getRefCount() != 0) {

@@ -9,8 +9,8 @@ namespace nurel::ui {
 /// The root of a component tree: the only kind of component that the `UIManager` takes at top level. It says with which
 /// skin its tree is drawn.
 ///
-/// Widgets stack in the order in which they were added, whatever their z-indexes; the last one is on top and alone decides
-/// what lies under the cursor, as soon as it is hit at all.
+/// Widgets stack in the order in which they were added, whatever their z-indexes; the last one is on top and alone
+/// decides what lies under the cursor, as soon as it is hit at all.
 class Widget : public Container {
 public:
     static const core::Type TYPE;

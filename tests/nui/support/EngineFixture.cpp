@@ -23,7 +23,9 @@ void EngineFixture::SetUp() {
     SkinManager::getSingleton().setDefaultSkin(mSkin.get());
 }
 
-void EngineFixture::TearDown() { stopEngine(); }
+void EngineFixture::TearDown() {
+    stopEngine();
+}
 
 void EngineFixture::stopEngine() {
     if (!mEngine)

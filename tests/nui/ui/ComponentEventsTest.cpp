@@ -74,11 +74,12 @@ protected:
 
     /// Subscribes a filter that answers with the handler, and counts.
     void filterTo(UIEventHandler &handler, UIEventHandler *answer) {
-        handler.FilterCallbacks::subscribeCallback([this, answer](UIEventHandler *, const UIEvent &, UIEventHandler *&to) {
-            ++filtered;
-            to = answer;
-            return false;
-        });
+        handler.FilterCallbacks::subscribeCallback(
+            [this, answer](UIEventHandler *, const UIEvent &, UIEventHandler *&to) {
+                ++filtered;
+                to = answer;
+                return false;
+            });
     }
 
     Ray ray;

@@ -54,7 +54,9 @@ struct AnchorCase {
     float y;
 };
 
-std::ostream &operator<<(std::ostream &out, const AnchorCase &tested) { return out << tested.name; }
+std::ostream &operator<<(std::ostream &out, const AnchorCase &tested) {
+    return out << tested.name;
+}
 
 class ComponentAnchor : public ComponentGeometry, public testing::WithParamInterface<AnchorCase> {};
 
@@ -64,7 +66,9 @@ struct SetterCase {
     bool compares; ///< the second call with the same value raises nothing
 };
 
-std::ostream &operator<<(std::ostream &out, const SetterCase &tested) { return out << tested.name; }
+std::ostream &operator<<(std::ostream &out, const SetterCase &tested) {
+    return out << tested.name;
+}
 
 class ComponentSetter : public ComponentGeometry, public testing::WithParamInterface<SetterCase> {};
 
@@ -343,7 +347,8 @@ TEST_F(ComponentGeometry, BothAxesAreCorrectedWithOneTurnOfTheSign) {
     root->setSize(Vector2(101, 101));
     child->setSize(Vector2(100, 40));
     update();
-    EXPECT_EQ(root->getWorldPosition(), Vector3(400.5f, 299.5f, 0)); // y takes the turned sign, and does not turn it back
+    EXPECT_EQ(root->getWorldPosition(),
+              Vector3(400.5f, 299.5f, 0)); // y takes the turned sign, and does not turn it back
     EXPECT_EQ(child->getWorldPosition(), Vector3(400, 300, 0));
     EXPECT_EQ(child->getParentRelativePosition(), Vector3(-0.5f, 0.5f, 0));
 }
@@ -440,34 +445,34 @@ TEST_P(ComponentSetter, InvalidatesTheGeometryAndComparesAsItIsTold) {
 
 INSTANTIATE_TEST_SUITE_P(
     Component, ComponentSetter,
-    testing::Values(
-        SetterCase{"Position", [](Component &c) { c.setPosition(Vector2(1, 2), Vector2(0, 0)); }, true},
-        SetterCase{"PositionOfThree", [](Component &c) { c.setPosition(Vector3(1, 2, 3)); }, true},
-        SetterCase{"Depth", [](Component &c) { c.setDepth(0); }, false},
-        SetterCase{"Size", [](Component &c) { c.setSize(Vector2(1, 2)); }, true},
-        SetterCase{"Width", [](Component &c) { c.setWidth(1, 0); }, true},
-        SetterCase{"Height", [](Component &c) { c.setHeight(1, 0); }, true},
-        SetterCase{"PositionData",
-                   [](Component &c) {
-                       c.setPositionData(Vector2(0, 0), Vector2(0, 0), Vector2(100, 64), Vector2(0, 0), 0x12);
-                   },
-                   false},
-        SetterCase{"MinimumSize", [](Component &c) { c.setMinimumSize(Vector2(0, 0)); }, false},
-        SetterCase{"MinimumWidth", [](Component &c) { c.setMinimumWidth(0); }, false},
-        SetterCase{"MinimumHeight", [](Component &c) { c.setMinimumHeight(0); }, false},
-        SetterCase{"MaximumSize", [](Component &c) { c.setMaximumSize(Vector2(0, 0)); }, false},
-        SetterCase{"MaximumWidth", [](Component &c) { c.setMaximumWidth(0); }, false},
-        SetterCase{"MaximumHeight", [](Component &c) { c.setMaximumHeight(0); }, false},
-        SetterCase{"FixedAspectRatio", [](Component &c) { c.setFixedAspectRatio(0); }, false},
-        SetterCase{"AutoSize", [](Component &c) { c.setAutoSize(1, Vector2(0, 0)); }, true},
-        SetterCase{"AutoSizeOffset", [](Component &c) { c.setAutoSize(0, Vector2(1, 0)); }, true},
-        SetterCase{"Anchor", [](Component &c) { c.setAnchor(9); }, true},
-        SetterCase{"Margin", [](Component &c) { c.setMargin(Vector4(1, 0, 0, 0)); }, true},
-        SetterCase{"Border", [](Component &c) { c.setBorder(Vector4(1, 0, 0, 0)); }, true},
-        SetterCase{"Padding", [](Component &c) { c.setPadding(Vector4(1, 0, 0, 0)); }, true},
-        SetterCase{"Rotation", [](Component &c) { c.setRotation(Matrix3::IDENTITY); }, false},
-        SetterCase{"Scale", [](Component &c) { c.setScale(Vector2(1, 1)); }, false},
-        SetterCase{"Transform", [](Component &c) { c.setTransform(Matrix4::IDENTITY); }, false}),
+    testing::Values(SetterCase{"Position", [](Component &c) { c.setPosition(Vector2(1, 2), Vector2(0, 0)); }, true},
+                    SetterCase{"PositionOfThree", [](Component &c) { c.setPosition(Vector3(1, 2, 3)); }, true},
+                    SetterCase{"Depth", [](Component &c) { c.setDepth(0); }, false},
+                    SetterCase{"Size", [](Component &c) { c.setSize(Vector2(1, 2)); }, true},
+                    SetterCase{"Width", [](Component &c) { c.setWidth(1, 0); }, true},
+                    SetterCase{"Height", [](Component &c) { c.setHeight(1, 0); }, true},
+                    SetterCase{"PositionData",
+                               [](Component &c) {
+                                   c.setPositionData(Vector2(0, 0), Vector2(0, 0), Vector2(100, 64), Vector2(0, 0),
+                                                     0x12);
+                               },
+                               false},
+                    SetterCase{"MinimumSize", [](Component &c) { c.setMinimumSize(Vector2(0, 0)); }, false},
+                    SetterCase{"MinimumWidth", [](Component &c) { c.setMinimumWidth(0); }, false},
+                    SetterCase{"MinimumHeight", [](Component &c) { c.setMinimumHeight(0); }, false},
+                    SetterCase{"MaximumSize", [](Component &c) { c.setMaximumSize(Vector2(0, 0)); }, false},
+                    SetterCase{"MaximumWidth", [](Component &c) { c.setMaximumWidth(0); }, false},
+                    SetterCase{"MaximumHeight", [](Component &c) { c.setMaximumHeight(0); }, false},
+                    SetterCase{"FixedAspectRatio", [](Component &c) { c.setFixedAspectRatio(0); }, false},
+                    SetterCase{"AutoSize", [](Component &c) { c.setAutoSize(1, Vector2(0, 0)); }, true},
+                    SetterCase{"AutoSizeOffset", [](Component &c) { c.setAutoSize(0, Vector2(1, 0)); }, true},
+                    SetterCase{"Anchor", [](Component &c) { c.setAnchor(9); }, true},
+                    SetterCase{"Margin", [](Component &c) { c.setMargin(Vector4(1, 0, 0, 0)); }, true},
+                    SetterCase{"Border", [](Component &c) { c.setBorder(Vector4(1, 0, 0, 0)); }, true},
+                    SetterCase{"Padding", [](Component &c) { c.setPadding(Vector4(1, 0, 0, 0)); }, true},
+                    SetterCase{"Rotation", [](Component &c) { c.setRotation(Matrix3::IDENTITY); }, false},
+                    SetterCase{"Scale", [](Component &c) { c.setScale(Vector2(1, 1)); }, false},
+                    SetterCase{"Transform", [](Component &c) { c.setTransform(Matrix4::IDENTITY); }, false}),
     [](const auto &tested) { return tested.param.name; });
 
 TEST_F(ComponentGeometry, WhileAnAnimationIsOpenSettersOnlyRecord) {

@@ -486,9 +486,8 @@ TEST_F(ComponentState, ACallbackThatFailsWhileItsComponentDiesIsLogged) {
     auto *leaf = new Leaf("leaf");
     leaf->setTabStop(0);
     leaf->setFocus();
-    leaf->FocusCallbacks::subscribeCallback([](UIEventHandler *, const FocusEvent &) -> bool {
-        throw core::IllegalStateException("not now");
-    });
+    leaf->FocusCallbacks::subscribeCallback(
+        [](UIEventHandler *, const FocusEvent &) -> bool { throw core::IllegalStateException("not now"); });
     delete leaf;
     EXPECT_EQ(log().takeOne(logging::Level::ERROR), "A callback failed while leaf was destroyed: not now");
 }

@@ -67,8 +67,8 @@ TEST_F(ComponentViewTest, KnowsSkinAndComponentAndTestsDepthWithoutWritingIt) {
     EXPECT_STREQ(view->getName(), "view");
     EXPECT_EQ(view->getSkin(), &skin());
     EXPECT_EQ(view->getComponent(), box.get());
-    const auto *depth = static_cast<nurel::scene::properties::DepthProperty *>(
-        view->getPropertySet()[nurel::scene::Property::DEPTH]);
+    const auto *depth =
+        static_cast<nurel::scene::properties::DepthProperty *>(view->getPropertySet()[nurel::scene::Property::DEPTH]);
     ASSERT_NE(depth, nullptr);
     EXPECT_STREQ(depth->getName(), "");
     EXPECT_TRUE(depth->isTesting());

@@ -72,9 +72,9 @@ public:
 
 class Box : public Exposed<Container> {
 public:
-    using Exposed::Exposed;
     using Container::_addChild;
     using Container::updateLayout;
+    using Exposed::Exposed;
 
     using nurel::core::Object::clone;
     nurel::core::Object *clone(core::CloningOptions &options) const override {

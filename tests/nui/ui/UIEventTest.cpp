@@ -13,13 +13,17 @@ struct TypeCase {
     const char *text;
 };
 
-std::ostream &operator<<(std::ostream &out, const TypeCase &tested) { return out << tested.text; }
+std::ostream &operator<<(std::ostream &out, const TypeCase &tested) {
+    return out << tested.text;
+}
 
 class UIEventType : public testing::TestWithParam<TypeCase> {};
 
 } // namespace
 
-TEST_P(UIEventType, HasItsText) { EXPECT_STREQ(UIEvent::unparse(GetParam().value), GetParam().text); }
+TEST_P(UIEventType, HasItsText) {
+    EXPECT_STREQ(UIEvent::unparse(GetParam().value), GetParam().text);
+}
 
 INSTANTIATE_TEST_SUITE_P(UIEvent, UIEventType,
                          testing::Values(TypeCase{0, "ET_NONE_EVENT"}, TypeCase{0x001, "ET_FOCUS_EVENT"},

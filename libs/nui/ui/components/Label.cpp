@@ -64,9 +64,13 @@ void Label::setText(const char *text) {
     setDirty(DIRTY_POSITION);
 }
 
-const char *Label::getText() const { return mTextMesh->getText(); }
+const char *Label::getText() const {
+    return mTextMesh->getText();
+}
 
-unsigned int Label::getTextLength() const { return mTextMesh->getCharacterCount(); }
+unsigned int Label::getTextLength() const {
+    return mTextMesh->getCharacterCount();
+}
 
 void Label::insertTextAt(const char *text, unsigned int index) {
     std::string changed = getText();
@@ -93,24 +97,34 @@ void Label::setFont(font::Font *font) {
     setDirty(DIRTY_POSITION);
 }
 
-font::Font *Label::getFont() const { return mTextMesh->getFont(); }
+font::Font *Label::getFont() const {
+    return mTextMesh->getFont();
+}
 
 math::Vector2 Label::getCharacterPosition(unsigned int index) const {
     return index < getTextLength() ? mTextMesh->getCharacterPosition(index) : mTextMesh->getEndPosition();
 }
 
-void Label::setColor(const math::Vector3 &color) { materialOf(*mTextMesh).setColor(color); }
+void Label::setColor(const math::Vector3 &color) {
+    materialOf(*mTextMesh).setColor(color);
+}
 
-void Label::setColor(const math::Vector4 &color) { materialOf(*mTextMesh).setColor(color); }
+void Label::setColor(const math::Vector4 &color) {
+    materialOf(*mTextMesh).setColor(color);
+}
 
 math::Vector3 Label::getColor() const {
     const math::Vector4 &color = materialOf(*mTextMesh).getColor();
     return math::Vector3(color.x, color.y, color.z);
 }
 
-void Label::setOpacity(float opacity) { materialOf(*mTextMesh).setAlpha(opacity); }
+void Label::setOpacity(float opacity) {
+    materialOf(*mTextMesh).setAlpha(opacity);
+}
 
-float Label::getOpacity() const { return materialOf(*mTextMesh).getAlpha(); }
+float Label::getOpacity() const {
+    return materialOf(*mTextMesh).getAlpha();
+}
 
 void Label::applyOpacity(float value, bool recursive) {
     Component::applyOpacity(value, recursive);
@@ -141,9 +155,8 @@ void Label::updatePosition() {
     if (getAutoSizeFlags() != 0)
         return;
     const BoxModel &box = getBox();
-    mTextMesh->setSizeLimit(
-        math::Vector2(getSize().x - (box.border.w + box.border.y + box.padding.w + box.padding.y),
-                      getSize().y - (box.border.x + box.border.z + box.padding.x + box.padding.z)));
+    mTextMesh->setSizeLimit(math::Vector2(getSize().x - (box.border.w + box.border.y + box.padding.w + box.padding.y),
+                                          getSize().y - (box.border.x + box.border.z + box.padding.x + box.padding.z)));
 }
 
 ComponentView *Label::visit(Skin *skin) {

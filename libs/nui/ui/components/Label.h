@@ -12,8 +12,8 @@ class Font;
 
 namespace nurel::ui::components {
 
-/// A text. The label keeps none of it: text, font, colour and alignment are those of the text mesh that it owns and that
-/// its view puts into the scene. Indexes count characters (code points), not bytes.
+/// A text. The label keeps none of it: text, font, colour and alignment are those of the text mesh that it owns and
+/// that its view puts into the scene. Indexes count characters (code points), not bytes.
 ///
 /// A label takes no focus events, so a press on it leaves the focus alone. A copy shares the text mesh of its source; a
 /// clone has its own.
@@ -45,8 +45,8 @@ public:
     void setFont(font::Font *font);
     font::Font *getFont() const;
 
-    /// The top left corner of a character's cell, relative to the centre of the text box; at the end of the text and past
-    /// it, where the next character would start.
+    /// The top left corner of a character's cell, relative to the centre of the text box; at the end of the text and
+    /// past it, where the next character would start.
     math::Vector2 getCharacterPosition(unsigned int index) const;
 
     /// Colour and alpha of the text, in force at once. The first form leaves the alpha alone.

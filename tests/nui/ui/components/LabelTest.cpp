@@ -98,7 +98,9 @@ struct InsertCase {
     const char *expected;
 };
 
-std::ostream &operator<<(std::ostream &out, const InsertCase &tested) { return out << tested.name; }
+std::ostream &operator<<(std::ostream &out, const InsertCase &tested) {
+    return out << tested.name;
+}
 
 class LabelInsert : public LabelTest, public testing::WithParamInterface<InsertCase> {};
 
@@ -110,16 +112,14 @@ TEST_P(LabelInsert, CountsCharacters) {
     EXPECT_EQ(label->texts, (std::vector<std::string>{GetParam().expected})); // by the virtual operation
 }
 
-INSTANTIATE_TEST_SUITE_P(Label, LabelInsert,
-                         testing::Values(InsertCase{"AtTheStart", "äöü", "x", 0, "xäöü"},
-                                         InsertCase{"InTheMiddle", "äöü", "ß", 2, "äößü"},
-                                         InsertCase{"AtTheLength", "äöü", "x", 3, "äöüx"},
-                                         InsertCase{"PastTheEnd", "äöü", "x", 99, "äöüx"},
-                                         InsertCase{"IntoNothing", "", "x", 0, "x"},
-                                         InsertCase{"Nothing", "abc", "", 1, "abc"},
-                                         InsertCase{"Null", "abc", nullptr, 1, "abc"},
-                                         InsertCase{"BehindABrokenByte", "\xff\xff", "x", 1, "\xffx\xff"}),
-                         [](const auto &tested) { return tested.param.name; });
+INSTANTIATE_TEST_SUITE_P(
+    Label, LabelInsert,
+    testing::Values(InsertCase{"AtTheStart", "äöü", "x", 0, "xäöü"}, InsertCase{"InTheMiddle", "äöü", "ß", 2, "äößü"},
+                    InsertCase{"AtTheLength", "äöü", "x", 3, "äöüx"}, InsertCase{"PastTheEnd", "äöü", "x", 99, "äöüx"},
+                    InsertCase{"IntoNothing", "", "x", 0, "x"}, InsertCase{"Nothing", "abc", "", 1, "abc"},
+                    InsertCase{"Null", "abc", nullptr, 1, "abc"},
+                    InsertCase{"BehindABrokenByte", "\xff\xff", "x", 1, "\xffx\xff"}),
+    [](const auto &tested) { return tested.param.name; });
 
 struct RemoveCase {
     const char *name;
@@ -129,7 +129,9 @@ struct RemoveCase {
     const char *expected;
 };
 
-std::ostream &operator<<(std::ostream &out, const RemoveCase &tested) { return out << tested.name; }
+std::ostream &operator<<(std::ostream &out, const RemoveCase &tested) {
+    return out << tested.name;
+}
 
 class LabelRemove : public LabelTest, public testing::WithParamInterface<RemoveCase> {};
 
@@ -139,18 +141,17 @@ TEST_P(LabelRemove, CountsCharacters) {
     EXPECT_STREQ(label->getText(), GetParam().expected);
 }
 
-INSTANTIATE_TEST_SUITE_P(Label, LabelRemove,
-                         testing::Values(RemoveCase{"OneWhole", "aäb", 1, 1, "ab"},
-                                         RemoveCase{"Several", "äöüß", 1, 2, "äß"},
-                                         RemoveCase{"PastTheEnd", "äöü", 1, 99, "ä"},
-                                         RemoveCase{"AtTheLength", "äöü", 3, 1, "äöü"},
-                                         RemoveCase{"BehindTheLength", "äöü", 9, 1, "äöü"},
-                                         RemoveCase{"None", "äöü", 1, 0, "äöü"},
-                                         RemoveCase{"FromNothing", "", 0, 1, ""},
-                                         RemoveCase{"ABrokenByte", "a\xff"
-                                                                   "b",
-                                                    1, 1, "ab"}),
-                         [](const auto &tested) { return tested.param.name; });
+INSTANTIATE_TEST_SUITE_P(
+    Label, LabelRemove,
+    testing::Values(RemoveCase{"OneWhole", "aäb", 1, 1, "ab"}, RemoveCase{"Several", "äöüß", 1, 2, "äß"},
+                    RemoveCase{"PastTheEnd", "äöü", 1, 99, "ä"}, RemoveCase{"AtTheLength", "äöü", 3, 1, "äöü"},
+                    RemoveCase{"BehindTheLength", "äöü", 9, 1, "äöü"}, RemoveCase{"None", "äöü", 1, 0, "äöü"},
+                    RemoveCase{"FromNothing", "", 0, 1, ""},
+                    RemoveCase{"ABrokenByte",
+                               "a\xff"
+                               "b",
+                               1, 1, "ab"}),
+    [](const auto &tested) { return tested.param.name; });
 
 TEST_F(LabelTest, RemovingNothingDoesNotSetTheText) {
     label->setText("abc");

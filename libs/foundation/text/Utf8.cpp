@@ -43,7 +43,8 @@ unsigned getUTF8Length(const char *text) {
 unsigned getUTF8Index(const char *text, unsigned character) {
     if (!text || character == 0)
         return 0;
-    const char *const end = text + std::strlen(text);
+    // a character takes four bytes at most, so the one that is asked for begins before or right behind this many
+    const char *const end = text + strnlen(text, std::size_t{4} * character);
     const char *found = end;
     unsigned index = 0;
     walk(text, end, [&](const char *start, char32_t) {
@@ -53,6 +54,12 @@ unsigned getUTF8Index(const char *text, unsigned character) {
         return false;
     });
     return static_cast<unsigned>(found - text);
+}
+
+std::size_t findMalformedUTF8(std::string_view text) {
+    const char *const end = text.data() + text.size();
+    const char *const malformed = utf8::find_invalid(text.data(), end);
+    return malformed == end ? text.npos : static_cast<std::size_t>(malformed - text.data());
 }
 
 std::u32string decodeUTF8(std::string_view text) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -11,8 +12,11 @@ namespace text {
 unsigned getUTF8Length(const char *text);
 
 /// The byte index of the character with this index, counted from the given pointer; the length in bytes where the text
-/// has not so many characters.
+/// has not so many characters. Its cost is in proportion to that index, not to the text.
 unsigned getUTF8Index(const char *text, unsigned character);
+
+/// The index of the first byte that does not belong to a well-formed sequence; std::string_view::npos when all do.
+std::size_t findMalformedUTF8(std::string_view text);
 
 /// The characters of the text, U+FFFD for each malformed byte.
 std::u32string decodeUTF8(std::string_view text);

@@ -51,6 +51,20 @@ TEST(Utf8, CountsCharacters) {
     EXPECT_EQ(text::getUTF8Length(nullptr), 0u);
 }
 
+TEST(Utf8, FindsTheFirstMalformedByte) {
+    for (const Row &row : ROWS) {
+        const std::string text = row.text;
+        std::size_t bytes = 0;
+        std::size_t expected = std::string::npos;
+        for (std::size_t i = 0; i < row.characters.size() && expected == std::string::npos; ++i) {
+            if (row.characters[i] == U'\ufffd')
+                expected = bytes;
+            bytes = text::getUTF8Index(text.c_str(), static_cast<unsigned>(i) + 1);
+        }
+        EXPECT_EQ(text::findMalformedUTF8(text), expected) << testing::PrintToString(row.text);
+    }
+}
+
 TEST(Utf8, FindsTheByteOfACharacter) {
     const char *mixed = "a\xc3\xa4\xe2\x82\xac\xff\xf0\x9f\x98\x80z";
     const unsigned bytes[] = {0, 1, 3, 6, 7, 11, 12, 12};

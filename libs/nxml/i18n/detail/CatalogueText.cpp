@@ -31,15 +31,11 @@ void CatalogueText::fail(std::size_t index, const char *format, ...) const {
 }
 
 void CatalogueText::checkEncoding() const {
-    for (std::size_t index = 0; index < mText.size();) {
-        if (mText[index] == '\0')
-            fail(index, "the character U+0000 can't stand in a text");
-        const std::size_t length = text::getUTF8Index(mText.c_str() + index, 1);
-        const unsigned byte = static_cast<unsigned char>(mText[index]);
-        if (length == 1 && byte >= 0x80)
-            fail(index, "the byte 0x%02X is no UTF-8; save the catalogue as UTF-8", byte);
-        index += length;
-    }
+    if (const std::size_t index = mText.find('\0'); index != mText.npos)
+        fail(index, "the character U+0000 can't stand in a text");
+    if (const std::size_t index = text::findMalformedUTF8(mText); index != mText.npos)
+        fail(index, "the byte 0x%02X is no UTF-8; save the catalogue as UTF-8",
+             static_cast<unsigned>(static_cast<unsigned char>(mText[index])));
 }
 
 } // namespace nurel::i18n

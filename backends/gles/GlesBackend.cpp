@@ -296,6 +296,7 @@ void GlesBackend::draw(const DrawCommand &command, const DrawCommand *previous) 
 
 void GlesBackend::submit(const DrawList &list, const FrameTarget &target) {
     mLastFrameBuffer = target.frameBuffer;
+    mLastWidth = target.width;
     mLastHeight = target.height;
     if (target.width == 0 || target.height == 0)
         return;
@@ -319,7 +320,7 @@ void GlesBackend::submit(const DrawList &list, const FrameTarget &target) {
 }
 
 bool GlesBackend::readPixels(unsigned int x, unsigned int y, unsigned int width, unsigned int height, void *rgba) {
-    if (y + height > mLastHeight)
+    if (x > mLastWidth || width > mLastWidth - x || y > mLastHeight || height > mLastHeight - y)
         return false;
     GLint drawn = 0;
     GLint read = 0;

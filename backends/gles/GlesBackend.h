@@ -69,6 +69,7 @@ private:
     std::uint32_t mWhite = 0;  ///< stands in for `NO_TEXTURE`
     unsigned int mMaximumTextureSize = 0;
     std::uint32_t mLastFrameBuffer = 0; ///< of the last submission, as in `FrameTarget`
+    unsigned int mLastWidth = 0;
     unsigned int mLastHeight = 0;
 };
 

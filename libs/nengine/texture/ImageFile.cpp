@@ -49,9 +49,10 @@ void premultiply(std::uint8_t *rgba, std::size_t pixels) {
     }
 }
 
-Image decodeImage(const void *file, std::size_t size) {
+Image decodeImage(const void *file, std::size_t size, bool premultiplied) {
     Image image = readByContent(file, size);
-    premultiply(image.rgba.get(), std::size_t{image.width} * image.height);
+    if (premultiplied)
+        premultiply(image.rgba.get(), std::size_t{image.width} * image.height);
     return image;
 }
 

@@ -6,7 +6,7 @@
 
 namespace nurel::texture {
 
-/// A picture in memory: rows from the top, without gaps, four bytes a pixel, red first, premultiplied by alpha.
+/// A picture in memory: rows from the top, without gaps, four bytes a pixel, red first.
 struct Image {
     /// A longer side, or more pixels, are refused before memory is taken for them.
     static constexpr unsigned int MAXIMUM_SIDE = 16384;
@@ -26,9 +26,10 @@ struct Image {
 };
 
 /// Decodes a PNG, JPEG or WebP file, told apart by its content. Whatever has palettes, greys, 16 bits or CMYK becomes 8-bit
-/// RGBA. Raises `core::IOException` with the reason when it is none of these, broken, cut short, animated or too large. May
-/// be called from any thread.
-Image decodeImage(const void *file, std::size_t size);
+/// RGBA, premultiplied unless told otherwise (for pictures that `savePng` wrote of premultiplied pixels). Raises
+/// `core::IOException` with the reason when it is none of these, broken, cut short, animated or too large. May be called
+/// from any thread.
+Image decodeImage(const void *file, std::size_t size, bool premultiplied = true);
 
 /// Writes a PNG file; the pixels are stored as they are given, so PNG's readers take them as not premultiplied. Raises
 /// `core::IOException` "Cannot write image <path>: <reason>"; a file that was begun is removed then.

@@ -97,6 +97,11 @@ TEST(DecodeImage, ReadsAPngAndMultipliesByItsAlpha) {
     EXPECT_EQ(getPixel(image, 1, 0), (Color{200, 100, 50, 255}));
 }
 
+TEST(DecodeImage, LeavesPixelsAsTheyAreOnRequest) {
+    const std::string file = encodePng(1, 1, {200, 100, 50, 128});
+    EXPECT_EQ(getPixel(texture::decodeImage(file.data(), file.size(), false), 0, 0), (Color{200, 100, 50, 128}));
+}
+
 TEST(DecodeImage, ReadsAPaletteWithTransparentEntries) {
     const std::vector<std::uint8_t> rows = {0x1b}; // four pixels of two bits: 0 1 2 3
     const Image image = decode(encodePng(

@@ -195,14 +195,16 @@ void UIManager::keepForPass(const core::IRefCount *object) {
 }
 
 void UIManager::releaseKept() {
+    std::vector<core::SmartPtr<const core::IRefCount>> released;
     for (;;) {
-        std::vector<core::SmartPtr<const core::IRefCount>> kept;
         {
+            // The buffer goes back in the end, so that a frame without news allocates nothing.
             const core::Lock lock(mLock);
-            if (mKept.empty())
+            if (mKept.empty() && mKept.capacity() >= released.capacity())
                 return;
-            kept.swap(mKept);
+            released.swap(mKept);
         }
+        released.clear(); // destructors may keep more
     }
 }
 

@@ -193,7 +193,8 @@ public:
 
     /// Takes the focus from the component that has it and offers it to another one, or to none. Who takes the event in the
     /// component's chain of handlers gets the focus; an invisible component gets none. A change that a focus listener
-    /// makes meanwhile stands, and such changes are cut off at a fixed depth. Any thread.
+    /// makes meanwhile stands, and such changes are cut off at a fixed depth. Any thread, as far as the manager goes; the
+    /// events go out on the calling one, so the components concerned have to be at rest.
     void setFocus(Component *component);
 
     /// Moves the focus to the next sibling by tab stop: the first in child order whose stop is not below the present one.

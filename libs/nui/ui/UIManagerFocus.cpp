@@ -154,6 +154,8 @@ void UIManager::checkComponentRemoval(Component *component) {
         return;
     const Activity activity(*this);
     const core::Lock lock(mLock);
+    if (mRemovals && mRemovals->contains(component))
+        return; // a listener removes once more what is being removed
     const Removal removal(*this, component);
     if (mPressed == component)
         mPressed = nullptr;

@@ -264,20 +264,20 @@ TEST_F(UIManagerAnimationTest, GoesOnAfterACallbackThrows) {
 
 TEST_F(UIManagerAnimationTest, SurvivesContextsWhoseComponentsDieWithThem) {
     auto *panel = new Panel("mortal");
-    const auto widget = addWidget();
-    widget->addChild(panel);
+    AnimationContext *context = manager().beginAnimation();
+    panel->setScale({2, 2});
+    context->setDuration(0);
+    manager().commitAnimation();
     panel->setTabStop(0);
     panel->setFocus();
     panel->FocusCallbacks::subscribeCallback([this](UIEventHandler *, const FocusEvent &) {
         manager().commitAnimation(make("late").get());
         return false;
     });
-    AnimationContext *context = manager().beginAnimation();
-    panel->setOpacity(0, false);
-    context->setDuration(0);
-    manager().commitAnimation();
-    widget->removeChild(panel); // the animation has the last reference, and the focus was told of
+    ASSERT_EQ(panel->getRefCount(), 1u); // the animation has the only reference
     manager().update();
+    EXPECT_EQ(manager().getFocus(), nullptr);
+    EXPECT_EQ(told(), "");
     manager().update();
     EXPECT_EQ(told(), "late0 late1 ");
 }

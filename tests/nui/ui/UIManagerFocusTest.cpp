@@ -204,10 +204,26 @@ TEST_F(UIManagerFocusTest, ForgetsAComponentThatItsListenerRemoves) {
     EXPECT_FALSE(a->hasState(Component::STATE_FOCUSED));
 }
 
+TEST_F(UIManagerFocusTest, IsLostOnceByAComponentThatItsListenerRemovesAgain) {
+    auto a = addTab("a");
+    a->setFocus();
+    int lost = 0;
+    a->FocusCallbacks::subscribeCallback([&](UIEventHandler *, const FocusEvent &) {
+        ++lost;
+        mRow->removeChild(a.get());
+        return false;
+    });
+    mRow->removeChild(a.get());
+    EXPECT_EQ(lost, 1);
+    EXPECT_EQ(mRow->getChildCount(), 0u);
+    EXPECT_EQ(manager().getFocus(), nullptr);
+}
+
 TEST_F(UIManagerFocusTest, MayBeSetFromOtherThreads) {
     const auto a = addTab("a");
     std::thread([&] { manager().setFocus(a.get()); }).join();
     EXPECT_EQ(focusName(), "a");
+    mLog.take(logging::Level::WARN); // debug builds notice that the component is touched there
 }
 
 // --- tab stops ---

@@ -3,6 +3,8 @@
 
 #include "nui/ui/ManagerTest.h"
 
+#include "nengine/support/AllocationCounter.h"
+
 #include "foundation/core/Exception.h"
 #include "nengine/EngineFactory.h"
 #include "nengine/font/FontManager.h"
@@ -223,7 +225,9 @@ TEST_F(UIManagerTest, DumpsItsAllocatorAtItsEnd) {
 TEST_F(UIManagerTest, ShutsDownFromACallbackAfterTheOutermostOperation) {
     const auto widget = addWidget();
     bool during = false;
-    manager().getStageCallbacks().subscribeCallback([&](UIManager::StageEvent) {
+    manager().getStageCallbacks().subscribeCallback([&](UIManager::StageEvent stage) {
+        if (stage == UIManager::STAGE_UPDATE)
+            return false;
         UIManager::shutdown();
         during = UIManager::isSingletonCreated();
         manager().update(); // an operation inside does not end it
@@ -252,22 +256,26 @@ TEST_F(UIManagerTest, ShutsDownFromEveryKindOfCallback) {
         UIManager::shutdown();
         return false;
     };
-    run("press", [&](Widget &w) { w.MouseCallbacks::subscribeCallback(end); }, [](Widget &) { press(); });
-    run("hover", [&](Widget &w) { w.HoverCallbacks::subscribeCallback(end); }, [](Widget &) { point(20, 20); manager().updateEvents(); });
-    run("key", [&](Widget &w) { w.KeyCallbacks::subscribeCallback(end); }, [](Widget &) { key(0x1e); });
-    run("focus", [&](Widget &w) { w.FocusCallbacks::subscribeCallback(end); }, [](Widget &w) { w.setFocus(); });
-    run("text", [&](Widget &w) { w.TextCallbacks::subscribeCallback(end); }, [](Widget &w) {
-        w.setFocus();
+    const auto pressed = [](Widget &) {
+        manager().setMouseButton(nurel::input::Mouse::LEFT, nurel::input::Mouse::PRESS);
+        manager().updateEvents();
+    };
+    const auto moved = [](Widget &) {
+        point(20, 20);
+        manager().updateEvents();
+    };
+    const auto typed = [](Widget &widget) {
+        widget.setFocus();
         manager().textInput("a");
         manager().updateEvents();
-    });
-    run("disabling", [&](Widget &w) { w.HoverCallbacks::subscribeCallback(end); },
-        [](Widget &w) {
-            w.addChild(new components::Panel("child"));
-            manager().nextTabStop(UIManager::FORWARD);
-            w.setFocus();
-            manager().nextTabStop(UIManager::FORWARD);
-        });
+    };
+    run("press", [&](Widget &w) { w.MouseCallbacks::subscribeCallback(end); }, pressed);
+    run("hover", [&](Widget &w) { w.HoverCallbacks::subscribeCallback(end); }, moved);
+    run("key", [&](Widget &w) { w.KeyCallbacks::subscribeCallback(end); }, [](Widget &) { key(0x1e); });
+    run("focus", [&](Widget &w) { w.FocusCallbacks::subscribeCallback(end); }, [](Widget &w) { w.setFocus(); });
+    run("text", [&](Widget &w) { w.TextCallbacks::subscribeCallback(end); }, typed);
+    run("leave on tabbing", [&](Widget &w) { w.HoverCallbacks::subscribeCallback(end); },
+        [](Widget &) { manager().nextTabStop(UIManager::FORWARD); });
     run("animation",
         [&](Widget &) {
             AnimationContext *context = manager().newAnimation();
@@ -292,7 +300,6 @@ TEST_F(UIManagerTest, ToleratesCallbacksThatUseItWhileItEnds) {
         manager().beginAnimation();
         manager().commitAnimation(manager().newAnimation());
         manager().updateEvents();
-        manager().setEnabled(false);
         SkinManager::getSingleton().addSkin(mSkin.get());
         return false;
     });
@@ -677,6 +684,43 @@ TEST_F(UIManagerTest, UpdatesOnlyWidgetsWithADirtyBit) {
     manager().update();
     EXPECT_EQ(still->mUpdates, 0);
     EXPECT_GT(moving->mUpdates, 0);
+}
+
+TEST_F(UIManagerTest, AllocatesNothingInAnIdleFrame) {
+    const auto widget = addWidget();
+    for (int i = 0; i < 50; ++i)
+        addPanel(*addPanel(*widget, "p", 0, static_cast<float>(i), 100, 10), "inner", 0, 0, 10, 10);
+    moveTo(50, 5);
+    const auto idle = [&] {
+        manager().updateEvents();
+        manager().update();
+    };
+    for (int i = 0; i < 3; ++i)
+        idle();
+    ASSERT_EQ(widget->isDirty(Component::DIRTY_ALL), 0u);
+    const std::size_t before = test::getAllocationCount();
+    for (int i = 0; i < 10; ++i)
+        idle();
+    EXPECT_EQ(test::getAllocationCount(), before);
+}
+
+TEST_F(UIManagerTest, AllocatesNothingWhileItAnimates) {
+    const auto widget = addWidget();
+    const auto panel = addPanel(*widget, "p", 0, 0, 100, 10);
+    AnimationContext *context = manager().beginAnimation();
+    panel->setPosition(Vector2(100, 0), Vector2(0, 0));
+    panel->setScale({2, 2});
+    context->setDuration(10);
+    manager().commitAnimation();
+    for (int i = 0; i < 3; ++i) {
+        advance(0.1);
+        frame();
+    }
+    const std::size_t before = test::getAllocationCount();
+    advance(0.1);
+    frame();
+    EXPECT_EQ(test::getAllocationCount(), before);
+    EXPECT_NEAR(panel->getComponentPosition().absolute.x, 3, 1e-4f);
 }
 
 TEST_F(UIManagerTest, BringsTheSceneUpToDate) {

@@ -87,9 +87,10 @@ TEST_F(AnimatedOpacityTest, PassesTheFlagOnAndIsNotRecursiveUntilToldSo) {
     const core::SmartPtr<AnimatedOpacity> animation(new AnimatedOpacity(probe.get()));
     animation->setOpacity(1, true);
     animation->update(at(0.5f));
-    animation->setOpacity(0.5f, false);
+    animation->setOpacity(0.7f, false);
     animation->update(at(1));
-    EXPECT_EQ(probe->mFlags, (std::vector<bool>{true, false})); // a value that is there already is not applied again
+    animation->update(at(1)); // a value that is there already is not applied again
+    EXPECT_EQ(probe->mFlags, (std::vector<bool>{true, false}));
 }
 
 TEST_F(AnimatedPositionTest, RunsStraightInBothPartsWhateverTheInterpolator) {

@@ -72,7 +72,7 @@ math::Vector2 Component::calculateSize(math::Vector2 &natural) {
     // 1. and 2. Pixels, and the part of the parent
     math::Vector2 size = mDeclaredSize.absolute;
     if (!isZero(mDeclaredSize.relative))
-        size += calculateParentSize() * mDeclaredSize.relative;
+        size += mParentSize * mDeclaredSize.relative;
     // 3. The ratio only ever takes away
     const float ratio = mDeclaredSize.fixedAspectRatio;
     if (ratio != 0 && size.y != 0) {

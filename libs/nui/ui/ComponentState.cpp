@@ -124,10 +124,11 @@ void Component::setClass(const char *name) {
 }
 
 void Component::setClasses(const core::CKHashMapValue<bool> &classes) {
-    const core::CKHashMapValue<bool> added(classes); // may be the own set
-    mClasses.clear();
-    for (const auto &entry : added)
-        addClass(entry.first);
+    if (&classes != &mClasses) { // its own set would be gone before it is added
+        mClasses.clear();
+        for (const auto &entry : classes)
+            addClass(entry.first);
+    }
     setDirty(DIRTY_STYLE | DIRTY_VIEW);
 }
 

@@ -13,6 +13,17 @@ constinit const core::Type ComponentView::TYPE("ComponentView", &scene::Node::TY
 
 namespace {
 
+/// Tests depth without writing it. One for all views, marked as shared: who wants to change it sets a clone.
+scene::Property *getDepthProperty() {
+    static const core::SmartPtr<scene::properties::DepthProperty> SHARED = [] {
+        core::SmartPtr<scene::properties::DepthProperty> property(
+            new scene::properties::DepthProperty("", true, false));
+        property->setDefault(true);
+        return property;
+    }();
+    return SHARED.get();
+}
+
 /// Frames that are no views of a component stand below all of them.
 int zIndexOf(const scene::Frame &frame) {
     if (!frame.instanceOf(ComponentView::TYPE))
@@ -25,7 +36,7 @@ int zIndexOf(const scene::Frame &frame) {
 
 ComponentView::ComponentView(const char *name, Component *component, Skin *skin)
     : scene::Node(name), mSkin(skin), mComponent(component) {
-    setProperty(new scene::properties::DepthProperty("", true, false));
+    setProperty(getDepthProperty());
 }
 
 ComponentView::~ComponentView() = default;

@@ -8,8 +8,11 @@
 #include "nui/ui/UIManager.h"
 #include "nui/ui/skins/DefaultSkin.h"
 
-#include <memory>
+#include <algorithm>
+#include <random>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace test {
 
@@ -222,6 +225,31 @@ TEST_F(ContainerChildren, AChildThatIsAddedToAnUnsortedListFindsItsPlaceByWalkin
     a->setZIndex(9);
     add("d", 3); // ahead of the first with a greater one, which is a
     EXPECT_EQ(order(*box), "d a b c ");
+}
+
+TEST_F(ContainerChildren, StandAsAStableSortWouldPutThem) {
+    std::mt19937 random(7);
+    for (int round = 0; round < 20; ++round) {
+        box->clearChildren();
+        std::vector<std::pair<int, std::string>> expected;
+        for (int i = 0; i < 40; ++i) {
+            const int zIndex = static_cast<int>(random() % 7) - 3;
+            const std::string name = std::to_string(i);
+            add(name.c_str(), zIndex);
+            expected.emplace_back(zIndex, name);
+            if (random() % 5 == 0) {
+                const auto index = static_cast<unsigned int>(random() % box->getChildCount());
+                std::erase_if(expected, [&](const auto &e) { return e.second == box->getChildAt(index)->getName(); });
+                box->removeChildAt(index);
+            }
+        }
+        std::stable_sort(expected.begin(), expected.end(),
+                         [](const auto &a, const auto &b) { return a.first < b.first; });
+        std::string names;
+        for (const auto &entry : expected)
+            names += entry.second + " ";
+        ASSERT_EQ(order(*box), names);
+    }
 }
 
 TEST_F(ContainerChildren, ClearingTakesEverythingAndScrollsBack) {

@@ -8,8 +8,8 @@
 
 namespace nurel::ui {
 
-/// One animated property of one component. It never runs by itself: an `AnimationContext` holds it and gives it the time.
-/// The component stays alive for as long as an animation refers to it.
+/// One animated property of one component. It never runs by itself: an `AnimationContext` holds it and gives it the
+/// time. The component stays alive for as long as an animation refers to it.
 class Animation : public core::Object {
 public:
     static const core::Type TYPE;

@@ -12,11 +12,11 @@
 namespace nurel::ui {
 
 /// A group of animations that share one clock: the transaction of the toolkit. While a context is the `UIManager`'s
-/// current one, the setters of position, size, rotation, scale, opacity and visibility of every component record targets
-/// in it instead of acting. Committed, it moves forward once a frame until its duration is over.
+/// current one, the setters of position, size, rotation, scale, opacity and visibility of every component record
+/// targets in it instead of acting. Committed, it moves forward once a frame until its duration is over.
 ///
-/// It publishes started, step and finished; a subscriber that returns true is unsubscribed. Used on the thread that drives
-/// the `UIManager`.
+/// It publishes started, step and finished; a subscriber that returns true is unsubscribed. Used on the thread that
+/// drives the `UIManager`.
 class AnimationContext
     : public core::IRefCount,
       public core::CallbackSubscriptor<AnimationContext, 1, bool, AnimationContext *, const AnimationEvent &> {
@@ -67,7 +67,8 @@ public:
     }
 
 protected:
-    /// Points of time and lengths in whole microseconds: they add up without loss, however long the clock has been running.
+    /// Points of time and lengths in whole microseconds: they add up without loss, however long the clock has been
+    /// running.
     using Microseconds = std::int64_t;
 
     void committed() { mStatus = COMMITTED; }

@@ -4,8 +4,8 @@
 
 namespace nurel::ui {
 
-/// The cubic Hermite curve. The tangents are the slopes at the two ends in units of the value, not scaled by the distance
-/// between the ends. Both 0, the default, give an ease that starts and ends at rest.
+/// The cubic Hermite curve. The tangents are the slopes at the two ends in units of the value, not scaled by the
+/// distance between the ends. Both 0, the default, give an ease that starts and ends at rest.
 class HermiteInterpolator : public Interpolator {
 public:
     explicit HermiteInterpolator(float tangentOut = 0, float tangentIn = 0)

@@ -7,8 +7,8 @@
 
 namespace nurel::ui {
 
-/// A curve between two values: turns a progress t into a value, 0 standing for the first end and 1 for the second. Vectors
-/// go through it axis by axis with the same t. Progress outside 0 to 1 is not clamped.
+/// A curve between two values: turns a progress t into a value, 0 standing for the first end and 1 for the second.
+/// Vectors go through it axis by axis with the same t. Progress outside 0 to 1 is not clamped.
 class Interpolator : public core::IRefCount {
 public:
     float interpolate(float t, float a, float b) const { return _interpolate(t, a, b); }

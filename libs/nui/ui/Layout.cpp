@@ -48,10 +48,10 @@ void Layout::addComponent(Component *component) {
     if (!component || !mManaged.insert(component).second)
         return;
     const bool isHighest = mOwner && mOwner->getZIndexMax() <= component->getZIndex();
-    const auto place = isHighest ? mOrdered.end()
-                                 : std::find_if(mOrdered.begin(), mOrdered.end(), [=](const Component *other) {
-                                       return other->getZIndex() > component->getZIndex();
-                                   });
+    const auto place =
+        isHighest ? mOrdered.end() : std::find_if(mOrdered.begin(), mOrdered.end(), [=](const Component *other) {
+            return other->getZIndex() > component->getZIndex();
+        });
     mOrdered.insert(place, component);
     if (!mOwner || component->getParent() != mOwner)
         noteStranger();

@@ -17,8 +17,8 @@ namespace nurel::ui {
 /// components under it, which need not be all of the container's children. It writes through the public geometry
 /// operations of `Component` and compares nothing itself: a pass that changes nothing marks nothing dirty.
 ///
-/// A component leaves its layout when it leaves its container, and every layout when it dies. When the owner dies or takes
-/// another layout, the layout has no owner and no components any more.
+/// A component leaves its layout when it leaves its container, and every layout when it dies. When the owner dies or
+/// takes another layout, the layout has no owner and no components any more.
 class Layout : public core::Object {
 public:
     static const core::Type TYPE;
@@ -95,8 +95,8 @@ private:
     std::set<Component *, std::less<>> mManaged;
     std::list<Component *> mOrdered;
 
-    // The layouts that hold a component which was no child of their owner when it came are chained, so that the death of
-    // such a component finds them. A child of the owner needs no such search: its container tells the layout.
+    // The layouts that hold a component which was no child of their owner when it came are chained, so that the death
+    // of such a component finds them. A child of the owner needs no such search: its container tells the layout.
     static Layout *mSTRANGERS;
     Layout *mPreviousStranger = nullptr;
     Layout *mNextStranger = nullptr;

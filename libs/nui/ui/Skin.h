@@ -18,13 +18,13 @@ public:
     /// The default skin of the `SkinManager` is forgotten with its end.
     ~Skin() override;
 
-    /// The entry for a component of unknown class: calls the `visit` of the first class in the class test's order that the
-    /// component is of, and returns the new view. Raises `core::IllegalArgumentException` for null, and for a component
-    /// that is of none of the classes.
+    /// The entry for a component of unknown class: calls the `visit` of the first class in the class test's order that
+    /// the component is of, and returns the new view. Raises `core::IllegalArgumentException` for null, and for a
+    /// component that is of none of the classes.
     virtual ComponentView *skin(Component *component);
 
-    /// Makes the views of the children and of the scroll bars in use, and hangs them under the container's view. A `visit`
-    /// for a container class calls it after it has made that view.
+    /// Makes the views of the children and of the scroll bars in use, and hangs them under the container's view. A
+    /// `visit` for a container class calls it after it has made that view.
     virtual void visitContainer(Container *container, ComponentView *view);
 
     // Each gives a new view, which belongs to the caller, or null.

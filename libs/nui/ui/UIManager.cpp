@@ -50,10 +50,8 @@ core::Object *create() {
 }
 
 constexpr Creatable CREATABLE_CLASSES[] = {
-    {components::Label::TYPE, create<components::Label>},
-    {components::Panel::TYPE, create<components::Panel>},
-    {components::Image::TYPE, create<components::Image>},
-    {Widget::TYPE, create<Widget>},
+    {components::Label::TYPE, create<components::Label>},     {components::Panel::TYPE, create<components::Panel>},
+    {components::Image::TYPE, create<components::Image>},     {Widget::TYPE, create<Widget>},
     {layouts::FlowLayout::TYPE, create<layouts::FlowLayout>},
 };
 
@@ -132,8 +130,8 @@ void UIManager::shutdown() {
 }
 
 UIManager::~UIManager() {
-    // Components call back while they go, and so may the application's callbacks, which find the manager whole until the
-    // last line of this body.
+    // Components call back while they go, and so may the application's callbacks, which find the manager whole until
+    // the last line of this body.
     mEnding = true;
     mProcessingQueue = true;
     ++mActivities;
@@ -250,9 +248,8 @@ void UIManager::updateWidgetPositions() {
 void UIManager::refresh() {
     const Activity activity(*this);
     updateWidgetPositions();
-    forEachWidget([](Widget &widget) {
-        widget.setDirty__(Component::DIRTY_ALL, Component::DIRTY_SELF | Component::DIRTY_DOWN);
-    });
+    forEachWidget(
+        [](Widget &widget) { widget.setDirty__(Component::DIRTY_ALL, Component::DIRTY_SELF | Component::DIRTY_DOWN); });
     update();
 }
 

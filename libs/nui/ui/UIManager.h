@@ -26,15 +26,17 @@
 
 namespace nurel::ui {
 
-/// Runs the toolkit: owns the scene below "UI.root" and the render pass that draws it, the widgets, the running animations
-/// and the state of the input. The application feeds it input, calls updateEvents() and update() once a frame, in the order
-/// it likes, and draws getRenderPass(). Screen space is in UI pixels: x to the right, y down, (0, 0) at the top left.
+/// Runs the toolkit: owns the scene below "UI.root" and the render pass that draws it, the widgets, the running
+/// animations and the state of the input. The application feeds it input, calls updateEvents() and update() once a
+/// frame, in the order it likes, and draws getRenderPass(). Screen space is in UI pixels from the top left: x to the
+/// right, y down.
 ///
 /// Made by its first use, which needs the engine: without one that raises `core::IllegalStateException`. Ended by
 /// shutdown(), ahead of the engine's end.
 ///
-/// All belongs to one thread, the frame thread, except the operations marked "any thread". Callbacks may call everything
-/// here, updateEvents(), update() and shutdown() included; shutdown then waits until the outermost operation has ended.
+/// All belongs to one thread, the frame thread, except the operations marked "any thread". Callbacks may call
+/// everything here, updateEvents(), update() and shutdown() included; shutdown then waits until the outermost operation
+/// has ended.
 class UIManager : public core::Singleton<UIManager, 0, 0, core::Singleton_Singlethread_Policy> {
     using Policy = core::Singleton_Singlethread_Policy;
     friend class core::Singleton<UIManager, 0, 0, Policy>;
@@ -49,23 +51,23 @@ public:
 
     enum TabStopDirection { FORWARD = 0, BACKWARD = 1 };
 
-    /// Told of every event that the manager sends: the handler that it was sent to, which may be null, the event, and what
-    /// it came to, which a subscriber may replace.
-    using EventObserver = core::CallbackSubscriptor<mpl::Int2Type<1>, 1, bool, UIEventHandler *, const UIEvent &,
-                                                    UIEventHandler *&>;
+    /// Told of every event that the manager sends: the handler that it was sent to, which may be null, the event, and
+    /// what it came to, which a subscriber may replace.
+    using EventObserver =
+        core::CallbackSubscriptor<mpl::Int2Type<1>, 1, bool, UIEventHandler *, const UIEvent &, UIEventHandler *&>;
     using StageCallbacks = core::CallbackSubscriptor<UIManager, 1, bool, StageEvent>;
 
     UIManager(const UIManager &) = delete;
     UIManager &operator=(const UIManager &) = delete;
 
-    /// Ends the manager, with its skins, templates, widgets and animations. Harmless when there is none. A later use makes
-    /// a new one. From inside a callback it takes effect when the manager's outermost operation has ended.
+    /// Ends the manager, with its skins, templates, widgets and animations. Harmless when there is none. A later use
+    /// makes a new one. From inside a callback it takes effect when the manager's outermost operation has ended.
     static void shutdown();
 
     // --- widgets ---
 
-    /// Puts the widget on top of the others at the next updateEvents(). The second argument is not used. Null is ignored.
-    /// Any thread.
+    /// Puts the widget on top of the others at the next updateEvents(). The second argument is not used. Null is
+    /// ignored. Any thread.
     void addWidget(Widget *widget, Component *unused = nullptr);
 
     /// Takes the widget out at the next updateEvents(); its components lose their views. One that is not there then is
@@ -96,12 +98,12 @@ public:
 
     // --- the frame ---
 
-    /// Moves the animations on, updates every widget with a dirty bit, and then the scene. Allocates nothing when nothing
-    /// has changed.
+    /// Moves the animations on, updates every widget with a dirty bit, and then the scene. Allocates nothing when
+    /// nothing has changed.
     void update();
 
-    /// Runs the widget queue and then turns the input since the last call into events; takes one button change a call. A
-    /// widget without a skin raises `core::IllegalStateException`; what was queued behind it waits for the next call.
+    /// Runs the widget queue and then turns the input since the last call into events; takes one button change a call.
+    /// A widget without a skin raises `core::IllegalStateException`; what was queued behind it waits for the next call.
     void updateEvents();
 
     /// Places the widgets that depend on the screen's size anew, and calls update().
@@ -110,8 +112,8 @@ public:
     /// Makes everything anew: positions, styles and views.
     void refresh();
 
-    /// Takes the size of the screen over: view port, camera, widgets. With an extent of 0 the camera stays as it is. Always
-    /// false, by which it stays subscribed to the renderer.
+    /// Takes the size of the screen over: view port, camera, widgets. With an extent of 0 the camera stays as it is.
+    /// Always false, by which it stays subscribed to the renderer.
     bool resize(const renderer::ResizeEventData &data);
 
     /// Seconds of the renderer's frame clock at the last update().
@@ -131,8 +133,8 @@ public:
     const math::Vector2 &getScale() const { return mScale; }
     void setScale(const math::Vector2 &scale);
 
-    /// Setting a camera gives it the projection and the place that show the UI; null is ignored. The manager reads it on
-    /// the thread that calls setMousePos(), under its own lock only.
+    /// Setting a camera gives it the projection and the place that show the UI; null is ignored. The manager reads it
+    /// on the thread that calls setMousePos(), under its own lock only.
     scene::Camera *getCamera() const { return mCamera.get(); }
     void setCamera(scene::Camera *camera);
 
@@ -146,15 +148,15 @@ public:
     /// A new context, which belongs to the caller and is not opened.
     AnimationContext *newAnimation();
 
-    /// Opens a new context and returns it. One that was open is dropped with what was recorded in it. Until the commit the
-    /// animatable setters of all components record into it.
+    /// Opens a new context and returns it. One that was open is dropped with what was recorded in it. Until the commit
+    /// the animatable setters of all components record into it.
     AnimationContext *beginAnimation();
 
     /// The open context, or null.
     AnimationContext *getCurrentAnimation() const { return mCurrentAnimation.get(); }
 
-    /// Starts a context, closing it if it is the open one. Null is ignored. From inside an animation's callback it takes
-    /// effect at the end of the pass. A context that runs already runs once more beside itself.
+    /// Starts a context, closing it if it is the open one. Null is ignored. From inside an animation's callback it
+    /// takes effect at the end of the pass. A context that runs already runs once more beside itself.
     void commitAnimation(AnimationContext *context);
     void commitAnimation() { commitAnimation(mCurrentAnimation.get()); }
 
@@ -191,13 +193,14 @@ public:
     /// Any thread.
     Component *getFocus() const { return mFocus.load(std::memory_order_relaxed); }
 
-    /// Takes the focus from the component that has it and offers it to another one, or to none. Who takes the event in the
-    /// component's chain of handlers gets the focus; an invisible component gets none. A change that a focus listener
-    /// makes meanwhile stands, and such changes are cut off at a fixed depth. Any thread, as far as the manager goes; the
-    /// events go out on the calling one, so the components concerned have to be at rest.
+    /// Takes the focus from the component that has it and offers it to another one, or to none. Who takes the event in
+    /// the component's chain of handlers gets the focus; an invisible component gets none. A change that a focus
+    /// listener makes meanwhile stands, and such changes are cut off at a fixed depth. Any thread, as far as the
+    /// manager goes; the events go out on the calling one, so the components concerned have to be at rest.
     void setFocus(Component *component);
 
-    /// Moves the focus to the next sibling by tab stop: the first in child order whose stop is not below the present one.
+    /// Moves the focus to the next sibling by tab stop: the first in child order whose stop is not below the present
+    /// one.
     void nextTabStop(TabStopDirection direction);
     void prevTabStop() { nextTabStop(BACKWARD); }
 
@@ -219,8 +222,8 @@ public:
 
     // --- what components tell the manager ---
 
-    /// To be called when something has stopped being enabled or visible: what is hovered, focused or dragged and no longer
-    /// enabled all the way up is let go.
+    /// To be called when something has stopped being enabled or visible: what is hovered, focused or dragged and no
+    /// longer enabled all the way up is let go.
     void checkEnabledValidity();
 
     /// To be called when a component leaves the tree or dies: the manager forgets it.

@@ -33,9 +33,9 @@ bool isValid(const Component *component) {
     return true;
 }
 
-/// The component to which tabbing goes from the one at the index: the first in the direction whose tab stop does not lie
-/// behind the reference. Passing the end starts the reference anew, backward at the number of children and not at the
-/// highest stop.
+/// The component to which tabbing goes from the one at the index: the first in the direction whose tab stop does not
+/// lie behind the reference. Passing the end starts the reference anew, backward at the number of children and not at
+/// the highest stop.
 Component *findTabStop(const Container &container, int index, int reference, int step) {
     const int count = static_cast<int>(container.getChildCount());
     int position = index + step;
@@ -165,8 +165,8 @@ void UIManager::checkComponentRemoval(Component *component) {
         setFocus(nullptr);
     if (mDragging == component)
         mDragging = nullptr;
-    // A class derived from Container is not walked: what has the focus inside a panel that is removed keeps it. So only a
-    // container in its destructor tells for its children.
+    // A class derived from Container is not walked: what has the focus inside a panel that is removed keeps it. So only
+    // a container in its destructor tells for its children.
     if (&component->getType() == &Container::TYPE) {
         const Container *container = static_cast<Container *>(component);
         for (unsigned int i = 0; i < container->getChildCount(); ++i)

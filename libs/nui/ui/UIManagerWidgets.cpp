@@ -124,8 +124,7 @@ void UIManager::endPointerActions() {
     const Pointer pointer = takePointer();
     setFocus(nullptr);
     if (Component *dragging = mDragging) {
-        handleEvent(dragging,
-                    DragEvent(pointer.ray, pointer.cursor, DragEvent::DRAG_CANCEL, math::Vector2::ZERO));
+        handleEvent(dragging, DragEvent(pointer.ray, pointer.cursor, DragEvent::DRAG_CANCEL, math::Vector2::ZERO));
         if (mDragging == dragging)
             mDragging = nullptr;
     }

@@ -1,7 +1,7 @@
 #include "nui/ui/Animation.h"
 
-#include "nui/ui/ManagerTest.h"
 #include "nui/ui/HermiteInterpolator.h"
+#include "nui/ui/ManagerTest.h"
 
 using namespace nurel::ui;
 using nurel::math::Vector2;

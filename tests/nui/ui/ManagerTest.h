@@ -22,7 +22,8 @@
 
 namespace test {
 
-/// Gives every component a view that draws nothing, so that it can be hit, and counts the widgets that it was asked for.
+/// Gives every component a view that draws nothing, so that it can be hit, and counts the widgets that it was asked
+/// for.
 class PlainSkin : public nurel::ui::Skin {
 public:
     explicit PlainSkin(const char *name = "plain") : Skin(name) {}
@@ -143,13 +144,13 @@ public:
 
     /// Notes every event from here on as "what handler>result".
     void record() {
-        manager().getEventObserver().subscribeCallback(
-            [this](nurel::ui::UIEventHandler *handler, const nurel::ui::UIEvent &event,
-                   nurel::ui::UIEventHandler *&result) {
-                mEvents.push_back(describe(event) + " " + (handler ? handler->getName() : "-") + ">" +
-                                  (result ? result->getName() : "-"));
-                return false;
-            });
+        manager().getEventObserver().subscribeCallback([this](nurel::ui::UIEventHandler *handler,
+                                                              const nurel::ui::UIEvent &event,
+                                                              nurel::ui::UIEventHandler *&result) {
+            mEvents.push_back(describe(event) + " " + (handler ? handler->getName() : "-") + ">" +
+                              (result ? result->getName() : "-"));
+            return false;
+        });
     }
 
     /// What was noted since the last call.

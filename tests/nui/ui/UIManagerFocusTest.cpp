@@ -186,8 +186,7 @@ TEST_F(UIManagerFocusTest, SaysWhenListenersGoTooDeep) {
         return false;
     });
     b->setFocus();
-    EXPECT_EQ(mLog.takeOne(logging::Level::WARN),
-              "Focus listeners set the focus inside one another, 16 deep: dropped");
+    EXPECT_EQ(mLog.takeOne(logging::Level::WARN), "Focus listeners set the focus inside one another, 16 deep: dropped");
     mLog.take(logging::Level::WARN);
     EXPECT_EQ(focusName(), "b");
 }

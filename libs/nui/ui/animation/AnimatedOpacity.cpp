@@ -17,8 +17,7 @@ void AnimatedOpacity::setOpacity(float opacity, bool recursive) {
 }
 
 void AnimatedOpacity::update(const TimeInfo &time) {
-    mCurrentOpacity =
-        time.progress < 1 ? interpolate(time.progress, mSourceOpacity, mTargetOpacity) : mTargetOpacity;
+    mCurrentOpacity = time.progress < 1 ? interpolate(time.progress, mSourceOpacity, mTargetOpacity) : mTargetOpacity;
     if (Component *component = getTarget())
         component->setOpacity(mCurrentOpacity, mRecursive);
 }

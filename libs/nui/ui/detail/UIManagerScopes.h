@@ -6,9 +6,9 @@
 
 namespace nurel::ui {
 
-/// One operation of the manager that may call out, while it is under way. When the outermost one ends, what was kept for
-/// its length is let go, and a shutdown that was asked for meanwhile takes place. So it stands first in its function, ahead
-/// of any lock, and nothing may follow its end.
+/// One operation of the manager that may call out, while it is under way. When the outermost one ends, what was kept
+/// for its length is let go, and a shutdown that was asked for meanwhile takes place. So it stands first in its
+/// function, ahead of any lock, and nothing may follow its end.
 class UIManager::Activity {
 public:
     explicit Activity(UIManager &manager) : mManager(manager) { ++mManager.mActivities; }

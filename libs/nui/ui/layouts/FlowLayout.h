@@ -6,8 +6,8 @@
 
 namespace nurel::ui::layouts {
 
-/// Places components one after another along the flow direction and begins a new row (or column) where the next one would
-/// pass the size limit. A component under it gets the anchor top-left for good, and a relative position of 0.
+/// Places components one after another along the flow direction and begins a new row (or column) where the next one
+/// would pass the size limit. A component under it gets the anchor top-left for good, and a relative position of 0.
 ///
 /// The setters mark nothing dirty: a change takes effect at the owner's next layout pass. Template keys: "direction"
 /// ("horizontal", "vertical"), "limit-policy" ("relative", "absolute"), "limit", "position", "spacing", "anchor".
@@ -42,7 +42,8 @@ public:
     const math::Vector2 &getSpacing() const { return mSpacing; }
     void setSpacing(const math::Vector2 &spacing) { mSpacing = spacing; }
 
-    /// How the components stand across the flow: a horizontal flow reads the vertical bits, a vertical one the horizontal.
+    /// How the components stand across the flow: a horizontal flow reads the vertical bits, a vertical one the
+    /// horizontal.
     Component::Anchor getAnchor() const { return mAnchor; }
     void setAnchor(Component::Anchor anchor) { mAnchor = anchor; }
 

@@ -26,9 +26,8 @@ font::Font *getDefaultFont() {
 } // namespace
 
 DefaultLabelView::DefaultLabelView(const char *name, components::Label *label, Skin *skin)
-    : LabelView(name, label, skin),
-      mMesh(new scene::meshes::SizeableRectangleMesh("", label->getSize(),
-                                                     UIManager::getSingleton().getGeometryAllocator())),
+    : LabelView(name, label, skin), mMesh(new scene::meshes::SizeableRectangleMesh(
+                                        "", label->getSize(), UIManager::getSingleton().getGeometryAllocator())),
       mText(nullptr), mTexture(nullptr), mMaterial(new scene::properties::MaterialProperty("")) {
     mMaterial->setSecondColor(COLOR);
     mTexture = new scene::properties::TextureProperty("");
@@ -56,7 +55,8 @@ void DefaultLabelView::updateView() {
         mText->setText(label->getText());
     if (label->getSize() != mMesh->getSize()) {
         mMesh->setSize(label->getSize());
-        // The view is as a rule made before the label has a size, and text that kept to that one would stand in one column.
+        // The view is as a rule made before the label has a size, and text that kept to that one would stand in one
+        // column.
         mText->setSizeLimit(label->getSize());
     }
     LabelView::updateView();

@@ -16,9 +16,8 @@ constexpr math::Vector3 COLOR(0.8f, 0, 0);
 } // namespace
 
 DefaultWidgetView::DefaultWidgetView(const char *name, Widget *widget, Skin *skin)
-    : WidgetView(name, widget, skin),
-      mMesh(new scene::meshes::SizeableRectangleMesh("", widget->getSize(),
-                                                     UIManager::getSingleton().getGeometryAllocator())) {
+    : WidgetView(name, widget, skin), mMesh(new scene::meshes::SizeableRectangleMesh(
+                                          "", widget->getSize(), UIManager::getSingleton().getGeometryAllocator())) {
     auto *material = new scene::properties::MaterialProperty("");
     material->setSecondColor(COLOR);
     mMesh->setProperty(material);

@@ -216,8 +216,8 @@ TEST_F(AnimatedVisibilityTest, KeepsWhatTheComponentWasUntilItIsTold) {
 
 TEST_F(AnimatedTest, DoNothingWithoutAComponent) {
     const core::SmartPtr<Animation> animations[] = {
-        new AnimatedOpacity(nullptr), new AnimatedPosition(nullptr), new AnimatedSize(nullptr),
-        new AnimatedRotation(nullptr), new AnimatedScale(nullptr), new AnimatedVisibility(nullptr),
+        new AnimatedOpacity(nullptr),  new AnimatedPosition(nullptr), new AnimatedSize(nullptr),
+        new AnimatedRotation(nullptr), new AnimatedScale(nullptr),    new AnimatedVisibility(nullptr),
     };
     for (const auto &animation : animations) {
         animation->update(at(0.5f));
@@ -228,8 +228,8 @@ TEST_F(AnimatedTest, DoNothingWithoutAComponent) {
 
 TEST_F(AnimatedTest, HaveTypesOfTheirOwn) {
     const core::SmartPtr<Animation> animations[] = {
-        new AnimatedOpacity(nullptr), new AnimatedPosition(nullptr), new AnimatedSize(nullptr),
-        new AnimatedRotation(nullptr), new AnimatedScale(nullptr), new AnimatedVisibility(nullptr),
+        new AnimatedOpacity(nullptr),  new AnimatedPosition(nullptr), new AnimatedSize(nullptr),
+        new AnimatedRotation(nullptr), new AnimatedScale(nullptr),    new AnimatedVisibility(nullptr),
     };
     const char *const names[] = {"AnimatedOpacity",  "AnimatedPosition", "AnimatedSize",
                                  "AnimatedRotation", "AnimatedScale",    "AnimatedVisibility"};

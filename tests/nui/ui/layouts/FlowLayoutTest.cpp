@@ -7,10 +7,10 @@
 #include "nui/ui/AnimationContext.h"
 
 using namespace nurel::ui;
+using layouts::FlowLayout;
 using nurel::json::JSObject;
 using nurel::math::Vector2;
 using nurel::math::Vector4;
-using layouts::FlowLayout;
 
 namespace {
 
@@ -58,7 +58,9 @@ public:
     core::SmartPtr<FlowLayout> mLayout;
 };
 
-void hide(Component &component) { component.setVisible(false); }
+void hide(Component &component) {
+    component.setVisible(false);
+}
 
 } // namespace
 

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 #include <cstring>
 #include <utility>
 
@@ -24,8 +25,12 @@ public:
     Video() {
         SDL_SetHint(SDL_HINT_VIDEO_X11_NET_WM_BYPASS_COMPOSITOR, "0"); // this is no full-screen game
         SDL_SetHint(SDL_HINT_IME_SUPPORT_EXTENDED_TEXT, "1");
+#ifdef __linux__
+        if (!std::getenv("XDG_RUNTIME_DIR")) // Wayland needs it, and its library complains on stderr of its absence
+            SDL_SetHint(SDL_HINT_VIDEODRIVER, "x11,KMSDRM");
+#endif
         if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0)
-            fail(SDL_GetError());
+            fail((std::string("there is no display (") + SDL_GetError() + ")").c_str());
         if (isInvisible(SDL_GetCurrentVideoDriver())) {
             SDL_QuitSubSystem(SDL_INIT_VIDEO);
             fail("there is no display");

@@ -34,6 +34,6 @@ TEST(Window, DoesNotOpenWhereNobodySeesIt) {
 TEST(Window, DoesNotOpenOnADisplayThatIsNotThere) {
     setenv("SDL_VIDEODRIVER", "x11", 1);
     setenv("DISPLAY", ":4711", 1);
-    EXPECT_EQ(getReason(), "Cannot open a window: x11 not available");
+    EXPECT_EQ(getReason(), "Cannot open a window: there is no display (x11 not available)");
     unsetenv("SDL_VIDEODRIVER");
 }

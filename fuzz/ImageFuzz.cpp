@@ -1,4 +1,5 @@
-// Any bytes are either a picture within the limits, whose colors do not exceed their alpha, or an IOException with a reason.
+// Any bytes are either a picture within the limits, whose colors do not exceed their alpha, or an IOException with a
+// reason.
 #include "foundation/core/Exception.h"
 #include "nengine/texture/ImageFile.h"
 

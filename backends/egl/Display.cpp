@@ -38,8 +38,8 @@ std::vector<EGLDisplay> listDisplays() {
         EGLint count = 0;
         if (eglQueryDevicesEXT(static_cast<EGLint>(devices.size()), devices.data(), &count)) {
             for (EGLint i = 0; i < count; ++i)
-                displays.push_back(eglGetPlatformDisplayEXT(EGL_PLATFORM_DEVICE_EXT,
-                                                            devices[static_cast<std::size_t>(i)], nullptr));
+                displays.push_back(
+                    eglGetPlatformDisplayEXT(EGL_PLATFORM_DEVICE_EXT, devices[static_cast<std::size_t>(i)], nullptr));
         }
     }
     displays.push_back(eglGetDisplay(EGL_DEFAULT_DISPLAY));
@@ -74,8 +74,8 @@ bool Display::open(void *display, bool es) {
     }
     mDisplay = display;
     const bool surfaceless = hasExtension(display, "EGL_KHR_surfaceless_context");
-    const EGLint configAttributes[] = {EGL_RENDERABLE_TYPE, es ? EGL_OPENGL_ES3_BIT : EGL_OPENGL_BIT,
-                                       EGL_SURFACE_TYPE, surfaceless ? 0 : EGL_PBUFFER_BIT, EGL_NONE};
+    const EGLint configAttributes[] = {EGL_RENDERABLE_TYPE, es ? EGL_OPENGL_ES3_BIT : EGL_OPENGL_BIT, EGL_SURFACE_TYPE,
+                                       surfaceless ? 0 : EGL_PBUFFER_BIT, EGL_NONE};
     EGLConfig config = nullptr;
     EGLint count = 0;
     if (!eglBindAPI(es ? EGL_OPENGL_ES_API : EGL_OPENGL_API) ||

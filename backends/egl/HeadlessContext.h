@@ -9,8 +9,9 @@ namespace nurel::egl {
 
 class Display;
 
-/// A GL context with a frame buffer of its own, for drawing without a window: 8 bits each of red, green, blue, alpha and
-/// stencil. Works without a display and, by a software driver, without a GPU. One at a time in a process; one thread uses it.
+/// A GL context with a frame buffer of its own, for drawing without a window: 8 bits each of red, green, blue, alpha
+/// and stencil. Works without a display and, by a software driver, without a GPU. One at a time in a process; one
+/// thread uses it.
 class HeadlessContext {
 public:
     enum class Api {
@@ -18,8 +19,8 @@ public:
         GL_33 ///< OpenGL 3.3 core or later
     };
 
-    /// Makes the context and makes it current. Tries EGL without any surface, then the graphics devices one by one, then the
-    /// default display. Raises `core::IllegalStateException` with one sentence that says what is missing.
+    /// Makes the context and makes it current. Tries EGL without any surface, then the graphics devices one by one,
+    /// then the default display. Raises `core::IllegalStateException` with one sentence that says what is missing.
     HeadlessContext(unsigned int width, unsigned int height, Api api = Api::ES_3);
     ~HeadlessContext();
     HeadlessContext(const HeadlessContext &) = delete;

@@ -10,17 +10,17 @@ namespace nurel::gles {
 
 /// Draws by OpenGL ES 3.0 or OpenGL 3.3 core, or later ones: by what both have in common.
 ///
-/// The context is the program's. It is current on the render thread whenever an operation is called, the constructor and
-/// the destructor included. The screen, frame buffer 0, is the frame buffer that is bound for drawing when `submit` is
-/// called, so a program with a frame buffer of its own binds that. It needs a stencil buffer of 8 bits if anything is to be
-/// clipped. A texture id is the texture's name in GL.
+/// The context is the program's. It is current on the render thread whenever an operation is called, the constructor
+/// and the destructor included. The screen, frame buffer 0, is the frame buffer that is bound for drawing when `submit`
+/// is called, so a program with a frame buffer of its own binds that. It needs a stencil buffer of 8 bits if anything
+/// is to be clipped. A texture id is the texture's name in GL.
 ///
-/// What `submit` relies on: colour and stencil writes go to the bound frame buffer, and multisampling, dithering, polygon
-/// offset, primitive restart and the conversion to sRGB are as a new context has them. All else it sets itself and leaves
-/// behind: program, vertex array, array buffer, the active texture unit and its texture and sampler, viewport, blending,
-/// stencil, write masks and clear values; depth test, scissor test and face culling are off. The texture operations leave
-/// behind the active unit, its 2D texture and the unpack state. A program that draws between frames keeps its own state with
-/// a `StateGuard`.
+/// What `submit` relies on: color and stencil writes go to the bound frame buffer, and multisampling, dithering,
+/// polygon offset, primitive restart and the conversion to sRGB are as a new context has them. All else it sets itself
+/// and leaves behind: program, vertex array, array buffer, the active texture unit and its texture and sampler,
+/// viewport, blending, stencil, write masks and clear values; depth test, scissor test and face culling are off. The
+/// texture operations leave behind the active unit, its 2D texture and the unpack state. A program that draws between
+/// frames keeps its own state with a `StateGuard`.
 class GlesBackend : public renderer::Backend {
 public:
     /// Raises `core::IllegalStateException` when the context is too old or its shader compiler refuses the shaders.
@@ -29,8 +29,8 @@ public:
     /// Takes down everything it made, textures included.
     ~GlesBackend() override;
 
-    /// A texture that comes with pixels also gets smaller copies of itself, so that it may be drawn much smaller than it
-    /// is; one that comes without (an atlas page) does not.
+    /// A texture that comes with pixels also gets smaller copies of itself, so that it may be drawn much smaller than
+    /// it is; one that comes without (an atlas page) does not.
     renderer::TextureId createTexture(unsigned int width, unsigned int height, renderer::PixelFormat format,
                                       const void *pixels) override;
     void updateTexture(renderer::TextureId id, unsigned int x, unsigned int y, unsigned int width, unsigned int height,

@@ -5,9 +5,10 @@
 
 namespace nurel::gles {
 
-/// Remembers, while it lives, the GL state that a `GlesBackend` changes and sets it back at its end: for programs that draw
-/// with GL themselves. One guard around `Engine::renderFrame` is enough. The context is current throughout. It asks GL for
-/// some thirty values, which costs time with some drivers; a program that sets all of its state every frame needs none.
+/// Remembers, while it lives, the GL state that a `GlesBackend` changes and sets it back at its end: for programs that
+/// draw with GL themselves. One guard around `Engine::renderFrame` is enough. The context is current throughout. It
+/// asks GL for some thirty values, which costs time with some drivers; a program that sets all of its state every frame
+/// needs none.
 class StateGuard {
 public:
     StateGuard();

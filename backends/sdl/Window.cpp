@@ -36,7 +36,9 @@ public:
             fail("there is no display");
         }
     }
-    ~Video() { SDL_QuitSubSystem(SDL_INIT_VIDEO); }
+    ~Video() {
+        SDL_QuitSubSystem(SDL_INIT_VIDEO);
+    }
     Video(const Video &) = delete;
     Video &operator=(const Video &) = delete;
 
@@ -90,7 +92,8 @@ Window::State::State(const WindowConfig &config) {
     }
     if (!window)
         fail(reason.c_str());
-    const bool synchronised = config.verticalSync && (SDL_GL_SetSwapInterval(-1) == 0 || SDL_GL_SetSwapInterval(1) == 0);
+    const bool synchronised =
+        config.verticalSync && (SDL_GL_SetSwapInterval(-1) == 0 || SDL_GL_SetSwapInterval(1) == 0);
     if (!synchronised)
         SDL_GL_SetSwapInterval(0);
     updateSize();

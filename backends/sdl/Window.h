@@ -8,8 +8,8 @@
 
 namespace nurel::sdl {
 
-/// What a `Window` tells its program, each by a function that may be missing. All are called inside `Window::pollEvents`.
-/// Positions and sizes are pixels of the drawing surface, whatever the display's scale.
+/// What a `Window` tells its program, each by a function that may be missing. All are called inside
+/// `Window::pollEvents`. Positions and sizes are pixels of the drawing surface, whatever the display's scale.
 struct WindowCallbacks {
     std::function<void(float x, float y)> cursorMoved;
     std::function<void(input::Mouse::MouseButton, input::Mouse::ButtonState)> buttonChanged;
@@ -17,8 +17,8 @@ struct WindowCallbacks {
     /// The wheel as a counter from the window's beginning, one unit a notch, growing away from the user.
     std::function<void(int counter)> wheelMoved;
 
-    /// A key as an `input::Keyboard::Key`, after the keyboard of the input system, if there is one, was told. Repeats come
-    /// as further presses.
+    /// A key as an `input::Keyboard::Key`, after the keyboard of the input system, if there is one, was told. Repeats
+    /// come as further presses.
     std::function<void(int key, bool pressed)> keyChanged;
 
     /// UTF-8 that the user has entered, by key or by input method.
@@ -39,12 +39,12 @@ struct WindowConfig {
     bool verticalSync = true;
 };
 
-/// A window with a GL context that is current: OpenGL 3.3 core where there is one, else OpenGL ES 3.0. One at a time; the
-/// thread that made it uses it, and it must be the program's first thread where the system wants that.
+/// A window with a GL context that is current: OpenGL 3.3 core where there is one, else OpenGL ES 3.0. One at a time;
+/// the thread that made it uses it, and it must be the program's first thread where the system wants that.
 class Window {
 public:
-    /// Raises `core::IllegalStateException` "Cannot open a window: <reason>" when there is no display, or none that shows
-    /// anything, or no GL.
+    /// Raises `core::IllegalStateException` "Cannot open a window: <reason>" when there is no display, or none that
+    /// shows anything, or no GL.
     explicit Window(const WindowConfig &config);
     ~Window();
     Window(const Window &) = delete;
@@ -52,8 +52,8 @@ public:
 
     void setCallbacks(WindowCallbacks callbacks);
 
-    /// Hands out what has happened since the last call, and keeps the input system's shift state. Returns false once the
-    /// user has asked to close the window.
+    /// Hands out what has happened since the last call, and keeps the input system's shift state. Returns false once
+    /// the user has asked to close the window.
     bool pollEvents();
 
     /// Shows what was drawn. With vertical synchronisation it waits for the display.

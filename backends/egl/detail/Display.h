@@ -4,7 +4,8 @@
 
 namespace nurel::egl {
 
-/// An EGL display with a context on it that needs no window. The handles are EGL's pointers, whose header stays in the source.
+/// An EGL display with a context on it that needs no window. The handles are EGL's pointers, whose header stays in the
+/// source.
 class Display {
 public:
     /// Goes through the displays that could do and takes the first that gives a context, which is current then.

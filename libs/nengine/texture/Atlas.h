@@ -11,11 +11,13 @@ namespace nurel::texture {
 
 class AtlasPage;
 
-/// Packs glyphs and small images into a few textures of the backend, so that what stands on one screen mostly shares one.
+/// Packs glyphs and small images into a few textures of the backend, so that what stands on one screen mostly shares
+/// one.
 ///
-/// Pixels are premultiplied RGBA8. They are kept here and sent to the backend by `flush`, which the renderer calls once a
-/// frame before it submits: one rectangle for each page that changed. Pages are made as they are needed and stay; a place
-/// that has been released is used again once all of its shelf (a row of equally high places) is free. Render thread.
+/// Pixels are premultiplied RGBA8. They are kept here and sent to the backend by `flush`, which the renderer calls once
+/// a frame before it submits: one rectangle for each page that changed. Pages are made as they are needed and stay; a
+/// place that has been released is used again once all of its shelf (a row of equally high places) is free. Render
+/// thread.
 class Atlas {
 public:
     /// What stands together on one kind of page.
@@ -48,8 +50,8 @@ public:
     Atlas &operator=(const Atlas &) = delete;
 
     /// Finds a place for w × h pixels and copies them there: rows without gaps, premultiplied; null gives transparent
-    /// black. Returns false, and leaves `out` without a page, when a side is 0 or greater than `getMaximumSide()`, or when
-    /// the backend cannot make another page. `out` must be given back by `release`.
+    /// black. Returns false, and leaves `out` without a page, when a side is 0 or greater than `getMaximumSide()`, or
+    /// when the backend cannot make another page. `out` must be given back by `release`.
     bool allocate(unsigned int w, unsigned int h, const void *rgba, Kind kind, Region &out, Border border = B_CLEAR);
 
     /// Replaces the pixels of a region, and its border.

@@ -14,8 +14,8 @@ struct Image {
 
     Image() = default;
 
-    /// Pixels are left as they come. Raises `core::IOException` "<w> x <h> pixels are too many" beyond the limits and "it has
-    /// no pixels" when a side is 0.
+    /// Pixels are left as they come. Raises `core::IOException` "<w> x <h> pixels are too many" beyond the limits and
+    /// "it has no pixels" when a side is 0.
     Image(unsigned int width, unsigned int height);
 
     std::size_t getSize() const { return std::size_t{4} * width * height; }
@@ -25,10 +25,10 @@ struct Image {
     std::unique_ptr<std::uint8_t[]> rgba;
 };
 
-/// Decodes a PNG, JPEG or WebP file, told apart by its content. Whatever has palettes, greys, 16 bits or CMYK becomes 8-bit
-/// RGBA, premultiplied unless told otherwise (for pictures that `savePng` wrote of premultiplied pixels). Raises
-/// `core::IOException` with the reason when it is none of these, broken, cut short, animated or too large. May be called
-/// from any thread.
+/// Decodes a PNG, JPEG or WebP file, told apart by its content. Whatever has palettes, greys, 16 bits or CMYK becomes
+/// 8-bit RGBA, premultiplied unless told otherwise (for pictures that `savePng` wrote of premultiplied pixels). Raises
+/// `core::IOException` with the reason when it is none of these, broken, cut short, animated or too large. May be
+/// called from any thread.
 Image decodeImage(const void *file, std::size_t size, bool premultiplied = true);
 
 /// Writes a PNG file; the pixels are stored as they are given, so PNG's readers take them as not premultiplied. Raises

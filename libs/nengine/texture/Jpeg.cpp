@@ -14,11 +14,12 @@ namespace nurel::texture {
 
 namespace {
 
-/// A progressive file may hold any number of scans, each of which goes over all pixels again. Honest ones have about ten.
+/// A progressive file may hold any number of scans, each of which goes over all pixels again. Honest ones have about
+/// ten.
 constexpr int MAXIMUM_SCANS = 64;
 
-/// libjpeg and the place that its errors jump to. No object with a destructor may live in a function that is jumped out of:
-/// `readHeader` and `readPixels` are the only ones that set the place, and hold none.
+/// libjpeg and the place that its errors jump to. No object with a destructor may live in a function that is jumped out
+/// of: `readHeader` and `readPixels` are the only ones that set the place, and hold none.
 struct JpegReader {
     JpegReader();
     ~JpegReader() { jpeg_destroy_decompress(&info); }

@@ -44,7 +44,8 @@ Image detail::readPng(const void *file, std::size_t size) {
     if (!png_image_begin_read_from_memory(png.get(), file, size))
         throw ::core::IOException("%s", png->message);
     png->format = PNG_FORMAT_RGBA;
-    png->flags |= PNG_IMAGE_FLAG_16BIT_sRGB; // files with 16 bits are sRGB like all others, unless they say what they are
+    png->flags |=
+        PNG_IMAGE_FLAG_16BIT_sRGB; // files with 16 bits are sRGB like all others, unless they say what they are
     Image image(png->width, png->height);
     if (!png_image_finish_read(png.get(), nullptr, image.rgba.get(), 0, nullptr))
         throw ::core::IOException("%s", png->message);

@@ -1,5 +1,6 @@
 #include "nengine/texture/Texture.h"
 
+#include "nengine/geometry/detail/Revision.h"
 #include "nengine/texture/TexturePool.h"
 
 namespace nurel::texture {
@@ -37,6 +38,7 @@ void Texture::setWrapping(unsigned int wrapping) {
 
 void Texture::touch() {
     mRevision = ++lastRevision;
+    geometry::noteLookChange();
 }
 
 } // namespace nurel::texture

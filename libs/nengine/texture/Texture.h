@@ -10,9 +10,9 @@ namespace nurel::texture {
 
 class TexturePool;
 
-/// A picture that meshes draw. It is there, under its name, before its pixels are: until then `getRenderData` is null and
-/// the size is 0. Its pixels are a rectangle of some render data, a page of the atlas or a texture of its own. Meshes hold
-/// the texture and look at its revision to see that it was loaded, reloaded or moved. Render thread.
+/// A picture that meshes draw. It is there, under its name, before its pixels are: until then `getRenderData` is null
+/// and the size is 0. Its pixels are a rectangle of some render data, a page of the atlas or a texture of its own.
+/// Meshes hold the texture and look at its revision to see that it was loaded, reloaded or moved. Render thread.
 class Texture : public core::NamedObject {
 public:
     static const ::core::Type TYPE;

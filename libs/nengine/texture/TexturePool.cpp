@@ -19,10 +19,10 @@ using logging::Logger;
 
 TexturePool *TexturePool::mSINGLETON = nullptr;
 
-/// One file on its way. The worker writes `image` and `error` before it says that it is done; the render thread has the rest.
+/// One file on its way. The worker writes `image` and `error` before it says that it is done; the render thread has the
+/// rest.
 struct TexturePool::Job {
-    Job(std::string path, vfs::FileSystem *from, Texture *to)
-        : name(std::move(path)), fileSystem(from), texture(to) {}
+    Job(std::string path, vfs::FileSystem *from, Texture *to) : name(std::move(path)), fileSystem(from), texture(to) {}
 
     void load();
 

@@ -10,8 +10,8 @@ namespace test {
 nurel::egl::HeadlessContext &getContext() {
     const char *wanted = std::getenv("NUI_TEST_GL");
     using Api = nurel::egl::HeadlessContext::Api;
-    static nurel::egl::HeadlessContext context(
-        32, 32, wanted && std::strcmp(wanted, "desktop") == 0 ? Api::GL_33 : Api::ES_3);
+    static nurel::egl::HeadlessContext context(32, 32,
+                                               wanted && std::strcmp(wanted, "desktop") == 0 ? Api::GL_33 : Api::ES_3);
     context.makeCurrent();
     return context;
 }

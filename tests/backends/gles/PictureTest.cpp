@@ -37,7 +37,8 @@ std::vector<Color> makeDisc(unsigned int size) {
     std::vector<Color> pixels;
     const float middle = static_cast<float>(size) / 2;
     for (unsigned int i = 0; i < size * size; ++i) {
-        const float dx = static_cast<float>(i % size) + 0.5f - middle, dy = static_cast<float>(i / size) + 0.5f - middle;
+        const float dx = static_cast<float>(i % size) + 0.5f - middle,
+                    dy = static_cast<float>(i / size) + 0.5f - middle;
         const float cover = std::clamp(middle - 1 - std::hypot(dx, dy), 0.0f, 1.0f);
         const auto value = static_cast<std::uint8_t>(std::lround(cover * 255));
         pixels.push_back({value, value, value, value});

@@ -91,8 +91,8 @@ TEST_F(StencilTest, ChangesTheBufferByItsOperation) {
         StencilOperation operation;
         std::uint8_t before, reference, after;
     } rows[] = {
-        {StencilOperation::KEEP, 5, 9, 5},        {StencilOperation::ZERO, 5, 9, 0},
-        {StencilOperation::REPLACE, 5, 9, 9},     {StencilOperation::INCREMENT, 5, 9, 6},
+        {StencilOperation::KEEP, 5, 9, 5},          {StencilOperation::ZERO, 5, 9, 0},
+        {StencilOperation::REPLACE, 5, 9, 9},       {StencilOperation::INCREMENT, 5, 9, 6},
         {StencilOperation::INCREMENT, 255, 9, 255},
     };
     for (const auto &row : rows) {
@@ -105,7 +105,8 @@ TEST_F(StencilTest, ChangesTheBufferByItsOperation) {
             canvas.addRectangle(0, 0, SIZE, SIZE, BLUE);
             show(row.after, GREEN);
             draw();
-            EXPECT_EQ(getPixel(9, 9), GREEN) << int{row.before} << " to " << int{row.after} << (passing ? "" : " failing");
+            EXPECT_EQ(getPixel(9, 9), GREEN)
+                << int{row.before} << " to " << int{row.after} << (passing ? "" : " failing");
         }
     }
 }

@@ -88,9 +88,9 @@ TEST_F(EventTranslatorTest, PutsTheCursorWhereAButtonIsPressed) {
     event.type = SDL_MOUSEBUTTONUP;
     event.button.button = SDL_BUTTON_LEFT;
     translator.translate(event);
-    EXPECT_EQ(takeNotes(), (Notes{"cursor 3.00 4.00", "button 0 1", "cursor 3.00 4.00", "button 1 1",
-                                  "cursor 3.00 4.00", "button 2 1", "cursor 3.00 4.00", "cursor 3.00 4.00",
-                                  "button 0 0"}));
+    EXPECT_EQ(takeNotes(),
+              (Notes{"cursor 3.00 4.00", "button 0 1", "cursor 3.00 4.00", "button 1 1", "cursor 3.00 4.00",
+                     "button 2 1", "cursor 3.00 4.00", "cursor 3.00 4.00", "button 0 0"}));
 }
 
 TEST_F(EventTranslatorTest, CountsTheWheelByNotches) {
@@ -189,13 +189,13 @@ TEST(GetKey, KnowsThePlacesOfTheBoard) {
         SDL_Scancode from;
         int to;
     } rows[] = {
-        {SDL_SCANCODE_ESCAPE, 0x01}, {SDL_SCANCODE_BACKSPACE, 0x0e}, {SDL_SCANCODE_TAB, 0x0f},
-        {SDL_SCANCODE_Q, 0x10},      {SDL_SCANCODE_RETURN, 0x1c},    {SDL_SCANCODE_A, 0x1e},
-        {SDL_SCANCODE_Z, 0x2c},      {SDL_SCANCODE_SPACE, 0x39},     {SDL_SCANCODE_F1, 0x3b},
-        {SDL_SCANCODE_KP_ENTER, 0x9c}, {SDL_SCANCODE_HOME, 0xc7},    {SDL_SCANCODE_UP, 0xc8},
-        {SDL_SCANCODE_LEFT, 0xcb},   {SDL_SCANCODE_RIGHT, 0xcd},     {SDL_SCANCODE_END, 0xcf},
-        {SDL_SCANCODE_DOWN, 0xd0},   {SDL_SCANCODE_DELETE, 0xd3},    {SDL_SCANCODE_1, 0x02},
-        {SDL_SCANCODE_0, 0x0b},      {SDL_SCANCODE_RSHIFT, 0x36},
+        {SDL_SCANCODE_ESCAPE, 0x01},   {SDL_SCANCODE_BACKSPACE, 0x0e}, {SDL_SCANCODE_TAB, 0x0f},
+        {SDL_SCANCODE_Q, 0x10},        {SDL_SCANCODE_RETURN, 0x1c},    {SDL_SCANCODE_A, 0x1e},
+        {SDL_SCANCODE_Z, 0x2c},        {SDL_SCANCODE_SPACE, 0x39},     {SDL_SCANCODE_F1, 0x3b},
+        {SDL_SCANCODE_KP_ENTER, 0x9c}, {SDL_SCANCODE_HOME, 0xc7},      {SDL_SCANCODE_UP, 0xc8},
+        {SDL_SCANCODE_LEFT, 0xcb},     {SDL_SCANCODE_RIGHT, 0xcd},     {SDL_SCANCODE_END, 0xcf},
+        {SDL_SCANCODE_DOWN, 0xd0},     {SDL_SCANCODE_DELETE, 0xd3},    {SDL_SCANCODE_1, 0x02},
+        {SDL_SCANCODE_0, 0x0b},        {SDL_SCANCODE_RSHIFT, 0x36},
     };
     for (const auto &row : rows)
         EXPECT_EQ(sdl::getKey(row.from), row.to) << SDL_GetScancodeName(row.from);

@@ -18,8 +18,7 @@ using Pixel = std::array<std::uint8_t, 4>;
 /// One pixel of what the backend was given.
 Pixel getPixel(const renderer::RecordingBackend &backend, const texture::RenderData &page, unsigned int x,
                unsigned int y) {
-    const std::uint8_t *bytes =
-        backend.getTextures().at(page.id).pixels.data() + (std::size_t{y} * page.width + x) * 4;
+    const std::uint8_t *bytes = backend.getTextures().at(page.id).pixels.data() + (std::size_t{y} * page.width + x) * 4;
     return {bytes[0], bytes[1], bytes[2], bytes[3]};
 }
 
@@ -100,7 +99,8 @@ TEST_F(AtlasTest, SurroundsARegionWithAClearBorderOrWithItsOwnEdge) {
     for (unsigned int i = 0; i < 16; ++i) {
         const unsigned int x = i % 4, y = i / 4;
         const bool inside = x % 3 != 0 && y % 3 != 0;
-        EXPECT_EQ(getPixel(backend, *clear.page, clear.x - 1 + x, clear.y - 1 + y), inside ? (Pixel{9, 9, 9, 9}) : Pixel{});
+        EXPECT_EQ(getPixel(backend, *clear.page, clear.x - 1 + x, clear.y - 1 + y),
+                  inside ? (Pixel{9, 9, 9, 9}) : Pixel{});
         EXPECT_EQ(getPixel(backend, *extended.page, extended.x - 1 + x, extended.y - 1 + y), (Pixel{9, 9, 9, 9}));
     }
 }
@@ -188,8 +188,8 @@ TEST_F(AtlasTest, TakesALargeRegionAfterManySmallOnesAreGone) {
     std::vector<Atlas::Region> regions;
     for (;;) {
         Atlas::Region region;
-        ASSERT_TRUE(atlas.allocate(62, 10 + static_cast<unsigned int>(regions.size() % 40), nullptr, Atlas::K_COMMON,
-                                   region));
+        ASSERT_TRUE(
+            atlas.allocate(62, 10 + static_cast<unsigned int>(regions.size() % 40), nullptr, Atlas::K_COMMON, region));
         if (atlas.getPageCount() > 1) {
             atlas.release(region);
             break;

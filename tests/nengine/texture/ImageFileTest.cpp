@@ -234,7 +234,7 @@ TEST(DecodeImage, SurvivesFilesWithWrongBytes) {
 
 TEST(SavePng, WritesWhatDecodeImageReads) {
     const std::string path = testing::TempDir() + "nui-save-png-test.png";
-    const std::vector<Color> pixels = {{1, 2, 3, 255}, {4, 5, 6, 255}, {7, 8, 9, 255},
+    const std::vector<Color> pixels = {{1, 2, 3, 255}, {4, 5, 6, 255},       {7, 8, 9, 255},
                                        {0, 0, 0, 0},   {255, 255, 255, 255}, {200, 0, 0, 255}};
     texture::savePng(path.c_str(), 3, 2, pixels.data());
     stream::FileInputStream stream(path.c_str());

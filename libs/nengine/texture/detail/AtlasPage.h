@@ -58,9 +58,9 @@ private:
     std::uint8_t *at(unsigned int x, unsigned int y) const;
 
     ::core::SmartPtr<RenderData> mData;
-    std::unique_ptr<std::uint8_t[], Free> mPixels; ///< zeroed by the system as they are touched
-    std::vector<Shelf> mShelves;                   ///< from the top, without gaps
-    unsigned int mTop = 0;                         ///< where the next shelf begins
+    std::unique_ptr<std::uint8_t[], Free> mPixels;               ///< zeroed by the system as they are touched
+    std::vector<Shelf> mShelves;                                 ///< from the top, without gaps
+    unsigned int mTop = 0;                                       ///< where the next shelf begins
     unsigned int mDirtyX0, mDirtyY0, mDirtyX1 = 0, mDirtyY1 = 0; ///< empty while X1 is 0
     const Atlas::Kind mKind;
 };

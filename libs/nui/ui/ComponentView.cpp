@@ -107,6 +107,7 @@ scene::Node *ComponentView::getOverlay() {
 void ComponentView::insertView(ComponentView *view) {
     if (!view)
         return;
+    const core::SmartPtr<ComponentView> kept(view);
     scene::Node *content = getContent();
     content->removeChild(view);
     const Component *component = view->mComponent;
@@ -144,7 +145,6 @@ void ComponentView::applyZIndex() {
     auto &children = mContent->getChildren();
     std::stable_sort(children.begin(), children.end(),
                      [](const auto &a, const auto &b) { return zIndexOf(*a) < zIndexOf(*b); });
-    mContent->childrenReordered();
 }
 
 void ComponentView::forceDirty() {

@@ -41,9 +41,14 @@ void Container::_addChild(Component *child, bool useLayout) {
     // 5.
     if (useLayout && mLayout)
         mLayout->addComponent(child);
-    // 6. A skin sees the tree below a view, so the child gets its view at once
-    if (ComponentView *view = getView())
-        view->insertView(child->visit(view->getSkin()));
+    // 6. A skin sees the tree below a view, so the child gets its view at once. A view made by this went in by
+    // setView().
+    if (ComponentView *view = getView()) {
+        const bool hadView = child->hasView();
+        ComponentView *childView = child->visit(view->getSkin());
+        if (hadView || (childView && childView->getParent() != view->getContent()))
+            view->insertView(childView);
+    }
     // 7. and 8.
     updateZIndexRangeAfterInsertion(child->mZIndex);
     setDirty(DIRTY_VIEW | DIRTY_CONTENT);
@@ -108,10 +113,10 @@ void Container::clearChildren() {
     removed.swap(mChildren);
     mScrollInfoH.bar = nullptr;
     mScrollInfoV.bar = nullptr;
-    for (const auto &child : removed) {
-        detachView(*child);
+    for (auto child = removed.rbegin(); child != removed.rend(); ++child)
+        detachView(**child); // the last first: nothing has to move up
+    for (const auto &child : removed)
         child->setParent(nullptr);
-    }
     setScrollOffset(math::Vector2(0, 0));
     mZIndexMin = 0; // the maximum keeps its value
     setDirty(DIRTY_VIEW | DIRTY_CONTENT);

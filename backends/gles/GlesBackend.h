@@ -21,7 +21,7 @@ namespace nurel::gles {
 /// viewport, blending, stencil, write masks and clear values; depth test, scissor test and face culling are off. The
 /// texture operations leave behind the active unit, its 2D texture and the unpack state. A program that draws between
 /// frames keeps its own state with a `StateGuard`.
-class GlesBackend : public renderer::Backend {
+class GlesBackend final : public renderer::Backend {
 public:
     /// Raises `core::IllegalStateException` when the context is too old or its shader compiler refuses the shaders.
     GlesBackend();

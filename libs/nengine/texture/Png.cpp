@@ -18,10 +18,7 @@ namespace {
 /// libpng's simplified interface: it keeps its jumps to itself and reports by a return value and a message.
 class PngImage {
 public:
-    PngImage() {
-        std::memset(&mImage, 0, sizeof mImage);
-        mImage.version = PNG_IMAGE_VERSION;
-    }
+    PngImage() { mImage.version = PNG_IMAGE_VERSION; }
     ~PngImage() { png_image_free(&mImage); }
     PngImage(const PngImage &) = delete;
     PngImage &operator=(const PngImage &) = delete;
@@ -30,7 +27,7 @@ public:
     png_image *get() { return &mImage; }
 
 private:
-    png_image mImage;
+    png_image mImage{};
 };
 
 [[noreturn]] void failToWrite(const char *path, const char *reason) {

@@ -90,7 +90,7 @@ private:
 
     struct Entry {
         ::core::SmartPtr<Texture> texture;
-        bool isFile;
+        bool isFile = false;
     };
     struct Job;
 

@@ -7,17 +7,11 @@ set(NUI_INSTALL_INCLUDEDIR ${CMAKE_INSTALL_INCLUDEDIR}/nui) # the include root: 
 set(NUI_INSTALL_CMAKEDIR ${CMAKE_INSTALL_LIBDIR}/cmake/nui)
 
 function(nui_install_library name)
-    get_target_property(type ${name} TYPE)
-    set(header_set)
-    if(NOT type STREQUAL "INTERFACE_LIBRARY")
-        set(header_set FILE_SET HEADERS DESTINATION ${NUI_INSTALL_INCLUDEDIR})
-    endif()
     install(TARGETS ${name} EXPORT nuiTargets
         RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
         LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
         ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
-        INCLUDES DESTINATION ${NUI_INSTALL_INCLUDEDIR}
-        ${header_set})
+        FILE_SET HEADERS DESTINATION ${NUI_INSTALL_INCLUDEDIR})
 endfunction()
 
 # Called once, after the last target.

@@ -33,18 +33,11 @@ function(_nui_add_exported_library name base sources headers detail_headers)
         VERIFY_INTERFACE_HEADER_SETS ON)
     nui_configure_target(${name})
     target_sources(${name} PUBLIC FILE_SET HEADERS BASE_DIRS ${base} FILES ${headers})
-    set_property(GLOBAL APPEND PROPERTY NUI_EXPORTED_LIBRARIES ${name})
     nui_install_library(${name})
 endfunction()
 
 function(nui_add_library name)
     cmake_parse_arguments(ARG "" "" "SOURCES;HEADERS;DETAIL_HEADERS;LINK" ${ARGN})
-    if(NOT ARG_SOURCES) # GUARD-BEGIN
-        add_library(${name} INTERFACE)
-        add_library(nui::${name} ALIAS ${name})
-        nui_install_library(${name})
-        return()
-    endif() # GUARD-END
     _nui_add_exported_library(${name} ${PROJECT_SOURCE_DIR}/libs "${ARG_SOURCES}" "${ARG_HEADERS}" "${ARG_DETAIL_HEADERS}")
     nui_layers_below(${name} below)
     target_link_libraries(${name} PUBLIC ${below})

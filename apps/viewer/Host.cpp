@@ -11,8 +11,10 @@
 
 #include <epoxy/gl.h>
 
+#include <chrono>
 #include <cmath>
 #include <cstdlib>
+#include <thread>
 
 namespace viewer {
 
@@ -20,6 +22,8 @@ using nurel::gles::GlesBackend;
 using nurel::ui::UIManager;
 
 namespace {
+
+constexpr std::chrono::milliseconds FRAME_PAUSE(12);
 
 /// What shows where no widget is.
 void clearBackground() {
@@ -91,7 +95,11 @@ public:
         clearBackground();
     }
 
-    void present() override { mWindow.present(); }
+    void present() override {
+        mWindow.present();
+        if (!mWindow.isVerticalSync())
+            std::this_thread::sleep_for(FRAME_PAUSE); // a still screen does not need a whole processor
+    }
 
     std::vector<std::uint8_t> readPixels() override {
         std::vector<std::uint8_t> pixels(std::size_t{4} * getWidth() * getHeight());

@@ -60,7 +60,7 @@ void Frame::cloneProperties(Frame &target, core::CloningOptions &options) const 
 
 void Frame::setParent(Node *parent) {
     mParent = parent;
-    setFlag(TRANSFORM_CHANGED, true);
+    setFlag(TRANSFORM_CHANGED | PROPERTIES_CHANGED, true);
 }
 
 // Transform
@@ -178,20 +178,29 @@ void Frame::setProperty(Property *property) {
         throw core::IllegalArgumentException("%s cannot be property %u", property->getType().getName(),
                                              property->getIndex());
     mProperties.set(property);
+    setFlag(PROPERTIES_CHANGED, true);
 }
 
 void Frame::removeProperty(unsigned int index) {
-    if (mProperties.remove(index))
-        updateProperties();
+    if (!mProperties.remove(index))
+        return;
+    setFlag(PROPERTIES_CHANGED, true);
+    updateProperties();
 }
 
 // The frame's rounds
 
 void Frame::update(float time, bool recursive) {
-    if (recursive)
+    if (recursive) {
         updateInternal(time, false);
-    else if (Frame::updateInternal(time, false))
-        setFlag(TRANSFORM_CHANGED, true); // what is below still has to hear of it
+        return;
+    }
+    // What is below still has to hear of the changes that this update takes over.
+    const unsigned int changes = mFlags & PROPERTIES_CHANGED;
+    if (Frame::updateInternal(time, false))
+        setFlag(TRANSFORM_CHANGED, true);
+    setFlag(changes, true);
+    setFlag(PROPERTIES_PASSED_ON, false);
 }
 
 bool Frame::updateInternal(float time, bool parentChanged) {
@@ -203,24 +212,24 @@ bool Frame::updateInternal(float time, bool parentChanged) {
         setFlag(TRANSFORM_CHANGED, false);
         setFlag(WORLD_CHANGED, true);
     }
-    inheritProperties();
+    if (hasFlag(PROPERTIES_CHANGED) || (mParent && mParent->hasFlag(PROPERTIES_PASSED_ON))) {
+        mProperties.inherit(mParent ? &mParent->mProperties : nullptr);
+        setFlag(PROPERTIES_CHANGED, false);
+        setFlag(PROPERTIES_PASSED_ON, true);
+    }
     return changed;
-}
-
-void Frame::inheritProperties() {
-    mProperties.inherit(mParent ? &mParent->mProperties : nullptr);
 }
 
 void Frame::updateFX() {}
 
-void Frame::inheritPropertiesFromRoot() {
+void Frame::inheritProperties() {
     if (mParent)
-        mParent->inheritPropertiesFromRoot();
-    inheritProperties();
+        mParent->inheritProperties();
+    mProperties.inherit(mParent ? &mParent->mProperties : nullptr);
 }
 
 void Frame::updateProperties() {
-    inheritPropertiesFromRoot();
+    inheritProperties();
 }
 
 void Frame::updateBoundUpward() {

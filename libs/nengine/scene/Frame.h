@@ -128,7 +128,9 @@ protected:
         TRANSFORM_CHANGED = 0x04, ///< set by setters and by a new parent, cleared by the update that takes it over
         WORLD_CHANGED = 0x08,     ///< set by updates, cleared by whoever follows the world transform (a mesh)
         GEOMETRY_CHANGED = 0x10,  ///< set by a mesh's setters, cleared when the geometry was built
-        FIRST_FREE_FLAG = 0x20
+        PROPERTIES_CHANGED = 0x20, ///< set by setters and by a new parent, cleared by the update that takes it over
+        PROPERTIES_PASSED_ON = 0x40, ///< stands while an update walks the children of a node whose properties changed
+        FIRST_FREE_FLAG = 0x80
     };
     bool hasFlag(unsigned int flag) const { return (mFlags & flag) != 0; }
     void setFlag(unsigned int flag, bool on) {
@@ -145,12 +147,11 @@ private:
     void cloneProperties(Frame &target, core::CloningOptions &options) const;
     void setParent(Node *parent);
     void inheritProperties();
-    void inheritPropertiesFromRoot();
 
     Node *mParent = nullptr;
     std::unique_ptr<Transform> mTransform;
     PropertySet mProperties;
-    std::uint16_t mFlags = TRANSFORM_CHANGED | WORLD_CHANGED | GEOMETRY_CHANGED;
+    std::uint16_t mFlags = TRANSFORM_CHANGED | WORLD_CHANGED | GEOMETRY_CHANGED | PROPERTIES_CHANGED;
 };
 
 } // namespace nurel::scene

@@ -88,7 +88,7 @@ void Mesh::onVisible(Culler *culler, math::Frustum::EFrustumResult) {
     culler->insert(this);
 }
 
-const geometry::MeshGeometry *Mesh::prepareGeometry(const DrawContext &context, std::uint64_t &rebuiltVertices) {
+const geometry::MeshGeometry &Mesh::prepareGeometry(const DrawContext &context, std::uint64_t &rebuiltVertices) {
     geometry::MeshGeometry &geometry = needGeometry();
     if (hasFlag(WORLD_CHANGED) || geometry.contextRevision != context.revision)
         noticeView(context);
@@ -105,9 +105,10 @@ const geometry::MeshGeometry *Mesh::prepareGeometry(const DrawContext &context, 
     if (!current) {
         buildWorld(geometry);
         setFlag(WORLD_CHANGED, false);
+        mDrawStamp = static_cast<std::uint32_t>(geometry.getRevision());
         rebuiltVertices += geometry.getVertexCount();
     }
-    return geometry.isEmpty() ? nullptr : &geometry;
+    return geometry;
 }
 
 void Mesh::rebuildGeometry(const DrawContext &context, geometry::MeshGeometry &out) {

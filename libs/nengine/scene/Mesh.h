@@ -46,9 +46,15 @@ public:
 
     void onVisible(Culler *culler, math::Frustum::EFrustumResult result) override;
 
-    /// Brings what is drawn up to date and gives it out; null when there is nothing to draw. For the renderer. Adds the
-    /// vertices that had to be computed to `rebuiltVertices`.
-    const geometry::MeshGeometry *prepareGeometry(const DrawContext &context, std::uint64_t &rebuiltVertices);
+    /// Brings what is drawn up to date and gives it out; it may be empty. For the renderer. Adds the vertices that had to be
+    /// computed to `rebuiltVertices`.
+    const geometry::MeshGeometry &prepareGeometry(const DrawContext &context, std::uint64_t &rebuiltVertices);
+
+    /// A number that changes with every change of what `prepareGeometry` gives out.
+    std::uint32_t getDrawStamp() const { return mDrawStamp; }
+
+    /// Whether neither the mesh's data nor its world transform changed since the last `prepareGeometry`.
+    bool isUntouched() const { return !hasFlag(WORLD_CHANGED | GEOMETRY_CHANGED); }
 
     /// Makes all of it from nothing, into `out`, and leaves what is kept alone. For checks of what is kept.
     void rebuildGeometry(const DrawContext &context, geometry::MeshGeometry &out);
@@ -70,6 +76,7 @@ private:
     void buildWorld(geometry::MeshGeometry &out) const;
     geometry::MeshGeometry &needGeometry();
 
+    std::uint32_t mDrawStamp = 0;
     std::unique_ptr<geometry::MeshGeometry> mGeometry;
 };
 

@@ -140,6 +140,7 @@ bool Node::updateInternal(float time, bool parentChanged) {
         if (Frame *const child = mChildren[i].get())
             changed |= child->updateInternal(time, moved);
     }
+    setFlag(PROPERTIES_PASSED_ON, false);
     return changed;
 }
 

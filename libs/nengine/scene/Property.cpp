@@ -58,6 +58,7 @@ void Property::_clone(core::Object *target, core::CloningOptions &options) const
 
 void Property::touch() {
     mRevision = geometry::nextRevision();
+    geometry::noteLookChange();
 }
 
 } // namespace nurel::scene

@@ -7,23 +7,14 @@
 
 namespace nurel::scene {
 
-namespace {
-
-/// A stamp that no block has: what was inherited is out of date whatever is above.
-constexpr std::uint64_t NOTHING_INHERITED = ~std::uint64_t{0};
-
-} // namespace
-
 /// The properties of one frame with own ones, and of the frames below it that have none.
 class PropertySet::Block : public core::IRefCount {
 public:
     explicit Block(const PropertySet &owner) : mOwner(&owner) {}
 
     const PropertySet *mOwner; ///< the set whose own properties are in it; null when that one has gone
-    std::uint64_t mStamp = geometry::nextRevision(); ///< changes with every entry
-    std::uint64_t mInheritedStamp = NOTHING_INHERITED; ///< of the block above, when its entries were taken over; 0: none
-    std::uint8_t mOwnMask = 0; ///< bit n: entry n is the owner's
     std::array<core::SmartPtr<Property>, Property::INDEX_COUNT> mEntries;
+    std::uint8_t mOwnMask = 0; ///< bit n: entry n is the owner's
 
     bool isOwn(unsigned int index) const { return (mOwnMask >> index & 1u) != 0; }
 };
@@ -56,7 +47,7 @@ void PropertySet::set(Property *property) {
     makeOwnBlock();
     mBlock->mEntries[property->getIndex()] = property;
     mBlock->mOwnMask = static_cast<std::uint8_t>(mBlock->mOwnMask | 1u << property->getIndex());
-    mBlock->mStamp = geometry::nextRevision();
+    geometry::noteLookChange();
 }
 
 bool PropertySet::remove(unsigned int index) {
@@ -64,8 +55,7 @@ bool PropertySet::remove(unsigned int index) {
         return false;
     mBlock->mOwnMask = static_cast<std::uint8_t>(mBlock->mOwnMask & ~(1u << index));
     mBlock->mEntries[index] = nullptr;
-    mBlock->mInheritedStamp = NOTHING_INHERITED;
-    mBlock->mStamp = geometry::nextRevision();
+    geometry::noteLookChange();
     if (mBlock->mOwnMask == 0) {
         mBlock->mOwner = nullptr;
         mBlock = nullptr;
@@ -73,24 +63,22 @@ bool PropertySet::remove(unsigned int index) {
     return true;
 }
 
-bool PropertySet::inherit(const PropertySet *above) {
-    Block *source = above ? above->mBlock.get() : nullptr;
+void PropertySet::inherit(const PropertySet *above) {
+    Block *const source = above ? above->mBlock.get() : nullptr;
     if (!hasOwn()) {
-        if (mBlock.get() == source)
-            return false;
-        mBlock = source;
-        return true;
+        if (mBlock.get() != source) {
+            mBlock = source;
+            geometry::noteLookChange();
+        }
+        return;
     }
-    const std::uint64_t stamp = source ? source->mStamp : 0;
-    if (mBlock->mInheritedStamp == stamp)
-        return false;
     for (unsigned int index = 0; index < Property::INDEX_COUNT; ++index) {
-        if (!mBlock->isOwn(index))
-            mBlock->mEntries[index] = source ? source->mEntries[index] : nullptr;
+        Property *const inherited = source ? source->mEntries[index].get() : nullptr;
+        if (!mBlock->isOwn(index) && mBlock->mEntries[index].get() != inherited) {
+            mBlock->mEntries[index] = inherited;
+            geometry::noteLookChange();
+        }
     }
-    mBlock->mInheritedStamp = stamp;
-    mBlock->mStamp = geometry::nextRevision();
-    return true;
 }
 
 void PropertySet::makeOwnBlock() {

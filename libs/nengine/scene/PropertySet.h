@@ -32,9 +32,8 @@ private:
     void set(Property *property);
     bool remove(unsigned int index);
 
-    /// Takes over what the set above has and this one has not; null: nothing is above. Cheap when nothing changed. Returns
-    /// whether anything did.
-    bool inherit(const PropertySet *above);
+    /// Takes over what the set above has and this one has not; null: nothing is above.
+    void inherit(const PropertySet *above);
 
     void makeOwnBlock();
 

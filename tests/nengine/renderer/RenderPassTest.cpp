@@ -307,6 +307,48 @@ TEST_F(Pass, DrawsItsViewsOneAfterTheOther) {
     EXPECT_EQ(screen.backend.getSubmitCount(), 5u);
 }
 
+TEST_F(Pass, TwoPassesOfOneSceneBothSeeEachChange) {
+    scene::VisibilitySet set;
+    const core::SmartPtr<RenderPass> second(new RenderPass(nullptr, nullptr));
+    second->append(new renderer::RenderView(new scene::Culler(&set), screen.camera.get(), screen.root.get()));
+    second->setVerify(true);
+    const auto drawSecond = [&] {
+        second->prepare();
+        second->render();
+    };
+    auto *box = screen.addBox(10, 10, 5, 5);
+    auto *material = new MaterialProperty();
+    box->setProperty(material);
+    screen.draw();
+    drawSecond();
+    box->setTranslation({50, 10, 0});
+    screen.draw();
+    drawSecond();
+    EXPECT_EQ(screen.getVertices()[0].x, 47.5f);
+    material->setColor(math::Vector3(1, 0, 0));
+    screen.draw();
+    drawSecond();
+    EXPECT_EQ(screen.getVertices()[0].rgba, 0xff0000ffu);
+    drawSecond();
+    EXPECT_EQ(second->getStatistics().listsSubmittedAgain, 1u);
+}
+
+TEST_F(Pass, ATextureThatIsLoadedLaterAppears) {
+    auto *box = screen.addBox(10, 10, 5, 5);
+    auto *property = new TextureProperty();
+    box->setProperty(property);
+    property->getStage(0).setTexture(new texture::Texture("pending"));
+    screen.draw();
+    screen.draw();
+    EXPECT_EQ(screen.dumpCommands(), "") << "nothing is drawn in its place";
+    property->getStage(0).setTexture(screen.makeTexture("loaded", 8, 8).get());
+    screen.draw();
+    EXPECT_EQ(screen.dumpCommands(), "indices 6 texture 2 blend 0 mask 3\n");
+    property->getStage(0) = texture::Stage();
+    screen.draw();
+    EXPECT_EQ(screen.dumpCommands(), "indices 6 texture 1 blend 0 mask 3\n");
+}
+
 TEST_F(Pass, AViewMayLackEverything) {
     RenderPass pass(nullptr, nullptr);
     pass.append(new renderer::RenderView(nullptr, nullptr, nullptr));

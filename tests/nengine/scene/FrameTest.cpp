@@ -268,6 +268,38 @@ TEST(Frame, WhatIsDrawnFollowsPropertiesAtTheUpdate) {
     EXPECT_TRUE(child->getPropertySet().getEffective(Property::MATERIAL)->isDefault());
 }
 
+TEST(Frame, UpdateWithoutRecursionLeavesPropertiesToTheNextOneToo) {
+    const core::SmartPtr<Node> root(new Node("root"));
+    auto *child = new Frame("child");
+    root->appendChild(child);
+    root->update(0, true);
+    root->setProperty(new MaterialProperty());
+    root->update(0, false);
+    EXPECT_TRUE(child->getPropertySet().getEffective(Property::MATERIAL)->isDefault());
+    root->update(0, true);
+    EXPECT_FALSE(child->getPropertySet().getEffective(Property::MATERIAL)->isDefault());
+}
+
+TEST(Frame, PropertiesComeDownPastAFrameThatUpdatesOthersFirst) {
+    class Busy : public Node {
+    public:
+        bool updateInternal(float time, bool parentChanged) override {
+            other->updateInternal(time, false);
+            return Node::updateInternal(time, parentChanged);
+        }
+        core::SmartPtr<Frame> other{new Frame("other")};
+    };
+    const core::SmartPtr<Node> root(new Node("root"));
+    auto *busy = new Busy();
+    auto *child = new Frame("child");
+    root->appendChild(busy);
+    busy->appendChild(child);
+    root->update(0, true);
+    root->setProperty(new MaterialProperty());
+    root->update(0, true);
+    EXPECT_FALSE(child->getPropertySet().getEffective(Property::MATERIAL)->isDefault());
+}
+
 TEST(Frame, UpdatePropertiesReachesUpThroughParentsThatWereNotUpdated) {
     const core::SmartPtr<Node> root(new Node("root"));
     auto *middle = new Node("middle");

@@ -68,7 +68,8 @@ protected:
     const geometry::MeshGeometry *prepare() {
         mesh->update(0, true);
         rebuilt = 0;
-        return mesh->prepareGeometry(context, rebuilt);
+        const geometry::MeshGeometry &geometry = mesh->prepareGeometry(context, rebuilt);
+        return geometry.isEmpty() ? nullptr : &geometry;
     }
 
     std::uint32_t colorOf() { return prepare()->getVertices()[0].rgba; }
@@ -212,8 +213,8 @@ TEST_F(MeshPreparation, ACloneTakesOverBuiltDataWhereTheOptionSaysSo) {
     const core::SmartPtr<Quad> taken(static_cast<Quad *>(mesh->clone(all)));
     EXPECT_FALSE(taken->isChanged());
     EXPECT_EQ(taken->getMaxBound(), math::Vector2(2, 2));
-    ASSERT_NE(taken->prepareGeometry(context, rebuilt), nullptr);
-    EXPECT_EQ(taken->prepareGeometry(context, rebuilt)->getVertices()[2].x, 2);
+    ASSERT_FALSE(taken->prepareGeometry(context, rebuilt).isEmpty());
+    EXPECT_EQ(taken->prepareGeometry(context, rebuilt).getVertices()[2].x, 2);
     EXPECT_EQ(taken->builds, 0);
 
     core::CloningOptions none;
@@ -251,7 +252,7 @@ TEST(Mesh, FlatRunsAreDrawnFromTheAtlasesWhiteTexel) {
     scene::DrawContext context;
     context.atlas = screen.atlas.get();
     std::uint64_t rebuilt = 0;
-    const geometry::MeshGeometry *geometry = mesh->prepareGeometry(context, rebuilt);
+    const geometry::MeshGeometry *geometry = &mesh->prepareGeometry(context, rebuilt);
     ASSERT_EQ(geometry->getRuns().size(), 1u);
     EXPECT_EQ(geometry->getRuns()[0].page.get(), screen.atlas->getWhite().page);
     for (const renderer::DrawVertex &vertex : geometry->getVertices()) {
@@ -260,7 +261,7 @@ TEST(Mesh, FlatRunsAreDrawnFromTheAtlasesWhiteTexel) {
     }
     context.atlas = nullptr;
     context.revision = 7;
-    geometry = mesh->prepareGeometry(context, rebuilt);
+    geometry = &mesh->prepareGeometry(context, rebuilt);
     EXPECT_FALSE(geometry->getRuns()[0].page);
     EXPECT_EQ(mesh->builds, 2);
 }

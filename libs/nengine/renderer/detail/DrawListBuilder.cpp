@@ -34,6 +34,7 @@ struct DrawListBuilder::Entry {
     std::uint64_t revision;
     std::uint64_t layoutRevision;
     State state;
+    std::uint32_t stamp;
     std::uint32_t firstVertex;
     std::uint32_t firstIndex;
 };
@@ -74,35 +75,45 @@ DrawListBuilder::State DrawListBuilder::getState(const scene::Mesh &mesh) {
 void DrawListBuilder::update(const std::vector<scene::Mesh *> &meshes, const math::Matrix4 &viewProjection,
                              unsigned int width, unsigned int height, texture::Atlas *atlas,
                              FrameStatistics &statistics) {
-    updateContext(viewProjection, width, height, atlas);
+    const bool contextChanged = updateContext(viewProjection, width, height, atlas);
+    const std::uint64_t lookChanges = geometry::getLookChangeCount();
+    const bool looksChanged = contextChanged || lookChanges != mLookChanges;
+    mLookChanges = lookChanges;
+
     Change change;
-    std::size_t drawn = 0;
-    for (scene::Mesh *const mesh : meshes) {
-        const geometry::MeshGeometry *const geometry = mesh->prepareGeometry(mContext, statistics.verticesRebuilt);
-        if (!geometry)
+    for (std::size_t i = 0; i < meshes.size(); ++i) {
+        scene::Mesh &mesh = *meshes[i];
+        if (!looksChanged && isUnchanged(i, mesh))
             continue;
-        const State state = getState(*mesh);
-        if (!updateEntry(drawn, *mesh, *geometry, state, change)) {
-            cut(drawn);
-            append(*mesh, *geometry, state);
+        const geometry::MeshGeometry &geometry = mesh.prepareGeometry(mContext, statistics.verticesRebuilt);
+        const State state = getState(mesh);
+        if (!updateEntry(i, mesh, geometry, state, change)) {
+            cut(i);
+            append(mesh, geometry, state);
             change.rebuilt = true;
-            change.verticesWritten += geometry->getVertexCount();
+            change.verticesWritten += geometry.getVertexCount();
         }
-        ++drawn;
     }
-    if (drawn < mEntries.size()) {
-        cut(drawn);
+    if (meshes.size() < mEntries.size()) {
+        cut(meshes.size());
         change.rebuilt = true;
     }
     finish(change, statistics);
 }
 
-void DrawListBuilder::updateContext(const math::Matrix4 &viewProjection, unsigned int width, unsigned int height,
+/// Whether the mesh was written to the list at this place and, as far as it knows itself, looks the same.
+bool DrawListBuilder::isUnchanged(std::size_t index, const scene::Mesh &mesh) const {
+    return index < mEntries.size() && mEntries[index].mesh == &mesh && mesh.isUntouched() &&
+           mEntries[index].stamp == mesh.getDrawStamp();
+}
+
+bool DrawListBuilder::updateContext(const math::Matrix4 &viewProjection, unsigned int width, unsigned int height,
                                     texture::Atlas *atlas) {
     mViewChanged = mContext.revision == 0 || !(mContext.viewProjection == viewProjection);
     if (!mViewChanged && mContext.width == width && mContext.height == height && mContext.atlas == atlas)
-        return;
+        return false;
     mContext = {viewProjection, width, height, atlas, static_cast<std::uint32_t>(geometry::nextRevision())};
+    return true;
 }
 
 /// Keeps the mesh's part of the list, with other vertices if that is all that changed. False: it has to be written anew.
@@ -116,6 +127,7 @@ bool DrawListBuilder::updateEntry(std::size_t index, scene::Mesh &mesh, const ge
     if (entry.revision == geometry.getRevision())
         return true;
     entry.revision = geometry.getRevision();
+    entry.stamp = mesh.getDrawStamp();
     const auto vertices = geometry.getVertices();
     std::copy(vertices.begin(), vertices.end(), mVertices.begin() + entry.firstVertex);
     ++change.meshesPatched;
@@ -142,7 +154,7 @@ void DrawListBuilder::cut(std::size_t count) {
 void DrawListBuilder::append(scene::Mesh &mesh, const geometry::MeshGeometry &geometry, const State &state) {
     std::size_t base = mVertices.size();
     mEntries.push_back({&mesh, geometry.getRevision(), geometry.getLayoutRevision(), state,
-                        static_cast<std::uint32_t>(base), static_cast<std::uint32_t>(mIndices.size())});
+                        mesh.getDrawStamp(), static_cast<std::uint32_t>(base), static_cast<std::uint32_t>(mIndices.size())});
     const auto vertices = geometry.getVertices();
     mVertices.insert(mVertices.end(), vertices.begin(), vertices.end());
 
@@ -220,8 +232,7 @@ bool DrawListBuilder::verify(const std::vector<scene::Mesh *> &meshes) const {
     for (scene::Mesh *const mesh : meshes) {
         geometry::MeshGeometry geometry;
         mesh->rebuildGeometry(mContext, geometry);
-        if (!geometry.isEmpty())
-            fresh.append(*mesh, geometry, getState(*mesh));
+        fresh.append(*mesh, geometry, getState(*mesh));
     }
     return std::ranges::equal(mVertices, fresh.mVertices) && mIndices == fresh.mIndices &&
            mCommands == fresh.mCommands;

@@ -42,8 +42,9 @@ private:
     struct Entry;
     struct Change;
 
-    void updateContext(const math::Matrix4 &viewProjection, unsigned int width, unsigned int height,
+    bool updateContext(const math::Matrix4 &viewProjection, unsigned int width, unsigned int height,
                        texture::Atlas *atlas);
+    bool isUnchanged(std::size_t index, const scene::Mesh &mesh) const;
     bool updateEntry(std::size_t index, scene::Mesh &mesh, const geometry::MeshGeometry &geometry, const State &state,
                      Change &change);
     void cut(std::size_t count);
@@ -53,12 +54,13 @@ private:
     static State getState(const scene::Mesh &mesh);
 
     scene::DrawContext mContext;
-    std::vector<Entry> mEntries; ///< one for each mesh that draws something, in the order of the list
+    std::vector<Entry> mEntries; ///< one for each visible mesh, in the order of the list
     std::vector<DrawVertex> mVertices;
     std::vector<std::uint32_t> mIndices;
     std::vector<DrawCommand> mCommands;
     DrawList mList;
     std::uint32_t mTextureSwitches = 0;
+    std::uint64_t mLookChanges = 0; ///< the count at the last update
     bool mViewChanged = true;
 };
 

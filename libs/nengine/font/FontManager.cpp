@@ -34,7 +34,7 @@ constexpr std::size_t MOST_MISSES = 1024; // names that are remembered as unknow
 struct FontManager::Registry {
     texture::Atlas *atlas;
     std::string defaultFamily;
-    std::string defaultFile;
+    ::core::SmartPtr<detail::Face> defaultFile; ///< null: none was given, or it cannot be used
     std::map<std::string, ::core::SmartPtr<Font>, IgnoreCase> added;
     std::map<std::string, ::core::SmartPtr<Font>, IgnoreCase> installed; ///< null: not found
     std::vector<::core::SmartPtr<Font>> replaced; ///< whoever looked one up may still look at it
@@ -51,7 +51,10 @@ FontManager::FontManager(texture::Atlas *atlas, const char *defaultFamily, const
     sInstance = this;
     mRegistry->atlas = atlas;
     mRegistry->defaultFamily = defaultFamily ? defaultFamily : "";
-    mRegistry->defaultFile = defaultFile ? defaultFile : "";
+    if (!isEmpty(defaultFile)) {
+        mRegistry->defaultFile = openFile(defaultFile);
+        mSystem->getFallback().setDefaultFace(mRegistry->defaultFile.get());
+    }
 }
 
 FontManager::~FontManager() {
@@ -91,15 +94,8 @@ Font *FontManager::getDefaultFont() {
 
 void FontManager::chooseDefault() {
     detail::FontFallback &fallback = mSystem->getFallback();
-    const std::string &file = mRegistry->defaultFile;
     const std::string &family = mRegistry->defaultFamily;
-    ::core::SmartPtr<detail::Face> face;
-    if (!file.empty()) {
-        std::string reason;
-        face = detail::Face::openFile(mSystem->getLibrary(), file.c_str(), 0, reason);
-        if (!face)
-            logging::Logger::mROOT_LOGGER.error("Cannot load font %s: %s", file.c_str(), reason.c_str());
-    }
+    ::core::SmartPtr<detail::Face> face = mRegistry->defaultFile;
     if (!face && !family.empty()) {
         mRegistry->defaultFont = (*this)[family.c_str()];
         if (mRegistry->defaultFont)
@@ -120,25 +116,27 @@ void FontManager::chooseDefault() {
     fallback.setDefaultFace(face.get());
 }
 
-Font *FontManager::add(const char *name, const char *file, float size) {
-    const char *path = file ? file : "";
+::core::SmartPtr<detail::Face> FontManager::openFile(const char *file) {
     std::string reason;
-    const auto face = detail::Face::openFile(mSystem->getLibrary(), path, 0, reason);
-    if (!face) {
-        logging::Logger::mROOT_LOGGER.error("Cannot load font %s: %s", path, reason.c_str());
-        return nullptr;
-    }
-    return enter(name, face.get(), size);
+    ::core::SmartPtr<detail::Face> face = detail::Face::openFile(mSystem->getLibrary(), file, 0, reason);
+    if (!face)
+        logging::Logger::mROOT_LOGGER.error("Cannot load font %s: %s", file, reason.c_str());
+    return face;
 }
 
-Font *FontManager::add(const char *name, const void *bytes, std::size_t size, float fontSize) {
+Font *FontManager::add(const char *name, const char *file, float size) {
+    const auto face = openFile(file ? file : "");
+    return face ? enter(name, face.get(), size) : nullptr;
+}
+
+Font *FontManager::add(const char *name, std::span<const std::byte> bytes, float size) {
     std::string reason;
-    const auto face = detail::Face::openMemory(mSystem->getLibrary(), bytes, size, reason);
+    const auto face = detail::Face::openMemory(mSystem->getLibrary(), bytes.data(), bytes.size(), reason);
     if (!face) {
         logging::Logger::mROOT_LOGGER.error("Cannot load font %s: %s", name ? name : "", reason.c_str());
         return nullptr;
     }
-    return enter(name, face.get(), fontSize);
+    return enter(name, face.get(), size);
 }
 
 Font *FontManager::enter(const char *name, detail::Face *face, float size) {

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <span>
 
 namespace nurel::texture {
 class Atlas;
@@ -37,7 +38,8 @@ public:
     static FontManager *getSingletonPtr() { return sInstance; }
 
     /// Made by the Engine, one at a time. The atlas outlives the manager; null: texts are laid out but not drawn. The default
-    /// font is the file when one is given, else the installed family of this name, else the system's sans-serif.
+    /// font is the file when one is given, else the installed or added family of this name, else the system's sans-serif. A
+    /// file that cannot be used costs a logged error, a family that there is not a warning when the font is asked for.
     explicit FontManager(texture::Atlas *atlas, const char *defaultFamily = nullptr, const char *defaultFile = nullptr);
     ~FontManager();
     FontManager(const FontManager &) = delete;
@@ -57,7 +59,7 @@ public:
     Font *add(const char *name, const char *file, float size = 16.0f);
 
     /// The same with a file's bytes, which are copied. Messages call it by its name.
-    Font *add(const char *name, const void *bytes, std::size_t size, float fontSize = 16.0f);
+    Font *add(const char *name, std::span<const std::byte> bytes, float size = 16.0f);
 
     /// Whether installed fonts are looked at for names and missing characters; true at first. A program that ships all of its
     /// fonts looks the same on every machine with false. It holds for what is looked for from here on.
@@ -85,6 +87,7 @@ public:
 private:
     struct Registry;
 
+    ::core::SmartPtr<detail::Face> openFile(const char *file);
     Font *enter(const char *name, detail::Face *face, float size);
     Font *findInstalled(const char *name);
     void chooseDefault();

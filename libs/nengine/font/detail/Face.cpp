@@ -76,11 +76,11 @@ Face::~Face() {
 ::core::SmartPtr<Face> Face::openMemory(FontLibrary &library, const void *bytes, std::size_t size,
                                         std::string &reason) {
     hb_blob_t *blob = nullptr;
-    if (bytes && size <= 0x7fffffff)
+    if (size > 0 && size <= 0x7fffffff)
         blob = hb_blob_create_or_fail(static_cast<const char *>(bytes), static_cast<unsigned int>(size),
                                       HB_MEMORY_MODE_DUPLICATE, nullptr, nullptr);
     if (!blob) {
-        reason = "no usable bytes";
+        reason = size == 0 ? "the file is empty" : "the file is too large";
         return nullptr;
     }
     return open(library, blob, 0, reason);

@@ -114,7 +114,8 @@ void GlyphCache::collect() {
     ++mClock;
     if (mTexels <= mCollectAt)
         return;
-    while (mTexels > LIMIT) {
+    constexpr std::size_t ENOUGH = LIMIT - LIMIT / 4;
+    while (mTexels > ENOUGH) {
         auto oldest = mStrikes.end();
         for (auto it = mStrikes.begin(); it != mStrikes.end(); ++it) {
             const bool idle = it->second->getRefCount() == 1;
@@ -125,8 +126,8 @@ void GlyphCache::collect() {
             break;
         mStrikes.erase(oldest);
     }
-    // What is left is in use: look again when there is half as much more.
-    mCollectAt = std::max(LIMIT, mTexels + mTexels / 2);
+    // Where what is left is in use, look again when there is a quarter more.
+    mCollectAt = std::max(LIMIT, mTexels + mTexels / 4);
 }
 
 } // namespace nurel::font::detail

@@ -32,9 +32,10 @@ void ShapeCache::put(ShapedParagraph *paragraph) {
 }
 
 void ShapeCache::sweep() {
-    // What is in use costs nothing to keep, since its user holds it anyway. To pass over it not with each new paragraph, the
-    // next sweep waits until there is half as much again.
-    for (auto it = mEntries.end(); it != mEntries.begin() && mCost > LIMIT;) {
+    // What is in use costs nothing to keep, since its user holds it anyway. To pass over it not with each new paragraph, more
+    // goes than has to, and where that is not to be had the next sweep waits until there is a quarter more.
+    constexpr std::size_t ENOUGH = LIMIT - LIMIT / 4;
+    for (auto it = mEntries.end(); it != mEntries.begin() && mCost > ENOUGH;) {
         --it;
         if (it == mEntries.begin() || it->paragraph->getRefCount() > 1)
             continue;
@@ -42,7 +43,7 @@ void ShapeCache::sweep() {
         mCost -= it->cost;
         it = mEntries.erase(it);
     }
-    mSweepAt = std::max(LIMIT, mCost + mCost / 2);
+    mSweepAt = std::max(LIMIT, mCost + mCost / 4);
 }
 
 void ShapeCache::clear() {

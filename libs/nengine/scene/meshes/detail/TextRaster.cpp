@@ -107,26 +107,29 @@ bool DeviceView::hasFractionOf(const DeviceView &other) const {
 }
 
 bool TextRaster::noticeView(const DeviceView &view) {
-    mView = view;
-    const bool wasSeen = mSeen;
+    mLatest = view;
+    const bool isFirst = !mSeen || mQuarters == 0 || mGeneration != TextSystem::getGlyphGeneration();
     mSeen = true;
-    if (mGeneration != TextSystem::getGlyphGeneration() || mQuarters == 0)
-        return true;
-    if (view.hasScaleOf(mBuilt))
-        return view.aligned && !view.hasFractionOf(mBuilt);
-    if (!wasSeen)
-        return true;
-    mPending = SETTLE_FRAMES;
-    const float wanted = static_cast<float>(mQuarters) / 4.0f * view.getScale() / mBuilt.getScale();
-    return view.aligned != mBuilt.aligned || !GlyphCache::isNear(mQuarters, GlyphCache::toQuarters(wanted));
+    if (!isFirst && view.hasScaleOf(mView) && (!view.aligned || view.hasFractionOf(mView)))
+        return false;
+    if (!isFirst && !view.hasScaleOf(mView)) {
+        mPending = SETTLE_FRAMES;
+        const float wanted = static_cast<float>(mQuarters) / 4.0f * view.getScale() / mView.getScale();
+        if (view.aligned == mView.aligned && GlyphCache::isNear(mQuarters, GlyphCache::toQuarters(wanted)))
+            return false;
+    }
+    mView = view;
+    return true;
 }
 
 bool TextRaster::update() {
-    if (mQuarters != 0 && mGeneration != TextSystem::getGlyphGeneration()) {
+    const bool dropped = mQuarters != 0 && mGeneration != TextSystem::getGlyphGeneration();
+    if (dropped)
         mPending = 0;
-        return true;
-    }
-    return mPending > 0 && --mPending == 0;
+    else if (mPending == 0 || --mPending > 0)
+        return false;
+    mView = mLatest;
+    return true;
 }
 
 unsigned int TextRaster::chooseSize(const TextContent &content, float pixels, const GlyphCache &cache) const {
@@ -179,7 +182,6 @@ bool TextRaster::build(const TextContent &content, const TextLayout &layout, con
         }
     }
     mStrikes = std::move(used);
-    mBuilt = mView;
     mQuarters = quarters;
     mGeneration = TextSystem::getGlyphGeneration();
     return !out.vertices.empty();

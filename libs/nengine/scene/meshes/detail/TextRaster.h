@@ -85,8 +85,8 @@ private:
     void buildRun(const ShapedParagraph &shape, const TextPiece &piece, font::detail::Strike &strike, const Fit &fit,
                   double &penX, double baseY, Target &target) const;
 
-    DeviceView mView;  ///< as seen last
-    DeviceView mBuilt; ///< that the vertices were made for
+    DeviceView mView;   ///< that the vertices are for
+    DeviceView mLatest; ///< as seen last; taken over when it has settled, and until then what is there is stretched
     FirstAndRest<::core::SmartPtr<font::detail::Strike>> mStrikes; ///< that the vertices come from
     std::uint32_t mGeneration = 0;
     unsigned int mQuarters = 0; ///< glyph size of the vertices; 0: none

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstring>
 #include <map>
+#include <memory>
 #include <string>
 #include <type_traits>
 #include <utility>
@@ -16,6 +17,8 @@ namespace core {
 /// tree: a walk goes through the keys in byte order. The map owns a copy of each key. A null key is never in it.
 ///
 /// An owning map hands each value that leaves it to handleLost().
+///
+/// Change it by the operations below alone: those of the tree underneath know nothing of the keys' memory.
 template <class T>
 class CKHashMapBase : public std::map<const char *, T, less_str> {
 public:
@@ -114,10 +117,9 @@ private:
     /// The entry has left the map before its value is told of, which may run anything.
     void take(typename Map::iterator entry) {
         auto node = this->extract(entry);
-        const char *key = node.key();
+        const std::unique_ptr<const char[]> key(node.key());
         if (mOwning)
             handleLost(node.mapped());
-        delete[] key;
     }
 
     void copyEntries(const CKHashMapBase &other) {

@@ -27,8 +27,9 @@ Container::~Container() {
     }
     if (mLayout && mLayout->getOwner() == this)
         mLayout->setOwner(nullptr);
-    mChildren.clear();
-    mLayout = nullptr;
+    // What goes with them may still look at this container, which has none by then.
+    std::vector<core::SmartPtr<Component>> released;
+    released.swap(mChildren);
 }
 
 void Container::setEnabled(bool enabled) {
@@ -105,8 +106,13 @@ void Container::_clone(core::Object *object, core::CloningOptions &options) cons
     // 2. The layout's copy finds its owner by the options
     if (mLayout) {
         const core::SmartPtr<core::Object> copy(mLayout->clone(options));
-        if (copy && copy->instanceOf(Layout::TYPE))
+        if (copy && copy->instanceOf(Layout::TYPE)) {
+            const core::SmartPtr<Layout> old = target.mLayout;
             target.mLayout = static_cast<Layout *>(copy.get());
+            if (old && old->getOwner() == &target)
+                old->setOwner(nullptr);
+            target.mLayout->forgetStrangers();
+        }
     }
     // 3.
     target.mScrollMask = mScrollMask;

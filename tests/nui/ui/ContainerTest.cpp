@@ -407,6 +407,22 @@ TEST_F(ContainerChildren, ACallbackMayDropTheContainerWhileAChildLeaves) {
     EXPECT_FALSE(leaf->hasParent());
 }
 
+TEST_F(ContainerChildren, ACallbackMayLookAtTheContainerThatGoes) {
+    Leaf *leaf = add("leaf");
+    add("other");
+    Box *going = box.get();
+    int calls = 0;
+    leaf->setTabStop(0);
+    leaf->setFocus();
+    leaf->FocusCallbacks::subscribeCallback([&](UIEventHandler *, const FocusEvent &) {
+        EXPECT_EQ(going->getChildCount(), 0U);
+        ++calls;
+        return true;
+    });
+    box = nullptr;
+    EXPECT_EQ(calls, 1);
+}
+
 TEST_F(ContainerChildren, EnablingIsPassedDown) {
     const core::SmartPtr<Box> inner(new Box("inner"));
     const core::SmartPtr<Leaf> leaf(new Leaf("leaf"));

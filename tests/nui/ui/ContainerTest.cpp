@@ -407,20 +407,41 @@ TEST_F(ContainerChildren, ACallbackMayDropTheContainerWhileAChildLeaves) {
     EXPECT_FALSE(leaf->hasParent());
 }
 
-TEST_F(ContainerChildren, ACallbackMayLookAtTheContainerThatGoes) {
-    Leaf *leaf = add("leaf");
+namespace {
+
+/// Looks at a container when its component dies.
+class Witness : public Component::UserData {
+public:
+    Witness(const Container &container, unsigned int &seen) : mContainer(container), mSeen(seen) {}
+    ~Witness() override { mSeen = mContainer.getChildCount(); }
+
+private:
+    const Container &mContainer;
+    unsigned int &mSeen;
+};
+
+} // namespace
+
+TEST_F(ContainerChildren, DieWhenTheirContainerHasNoneLeft) {
+    unsigned int seen = 99;
+    add("leaf")->setUserData(new Witness(*box, seen));
     add("other");
-    Box *going = box.get();
-    int calls = 0;
+    box = nullptr;
+    EXPECT_EQ(seen, 0U);
+}
+
+TEST_F(ContainerChildren, LoseTheFocusWhileTheirContainerStillHasThem) {
+    Leaf *leaf = add("leaf");
+    const Box *going = box.get();
+    unsigned int seen = 99;
     leaf->setTabStop(0);
     leaf->setFocus();
     leaf->FocusCallbacks::subscribeCallback([&](UIEventHandler *, const FocusEvent &) {
-        EXPECT_EQ(going->getChildCount(), 0U);
-        ++calls;
+        seen = going->getChildCount();
         return true;
     });
     box = nullptr;
-    EXPECT_EQ(calls, 1);
+    EXPECT_EQ(seen, 1U);
 }
 
 TEST_F(ContainerChildren, EnablingIsPassedDown) {

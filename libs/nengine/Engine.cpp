@@ -51,9 +51,8 @@ std::shared_ptr<renderer::Backend> chooseBackend(const EngineConfig &config) {
 /// Made from the first to the last member, and destroyed from the last to the first.
 struct Engine::Singletons {
     Singletons(renderer::Backend &backend, const EngineConfig &config)
-        : renderer(backend, config.width, config.height, config.manualClock), atlas(backend),
-          link(renderer, atlas), textures(renderer),
-          fonts(&atlas, orNull(config.fontFamily), orNull(config.fontFile)), input(config.input) {}
+        : renderer(backend, config.width, config.height, config.manualClock), atlas(backend), link(renderer, atlas),
+          textures(renderer), fonts(&atlas, orNull(config.fontFamily), orNull(config.fontFile)), input(config.input) {}
 
     /// Lets the renderer know the atlas while there is one.
     struct AtlasLink {

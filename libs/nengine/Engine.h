@@ -36,8 +36,8 @@ struct EngineConfig {
     static EngineConfig headless(unsigned int width, unsigned int height);
 };
 
-/// Starts the engine layer and takes it down: the object factory, the renderer with its clocks, textures, fonts, input and
-/// texts, in this order, and in reverse at the end. One at a time in a process; a second raises
+/// Starts the engine layer and takes it down: the object factory, the renderer with its clocks, textures, fonts, input
+/// and texts, in this order, and in reverse at the end. One at a time in a process; a second raises
 /// `core::IllegalStateException` "The engine is running already".
 ///
 /// The thread that makes it is the render thread, and destroys it. A program that uses the toolkit calls
@@ -49,12 +49,12 @@ public:
     Engine(const Engine &) = delete;
     Engine &operator=(const Engine &) = delete;
 
-    /// Starts a frame: moves a manual clock by the seconds (a real one runs by itself and takes no notice of them) and sets
-    /// the frame clock to it.
+    /// Starts a frame: moves a manual clock by the seconds (a real one runs by itself and takes no notice of them) and
+    /// sets the frame clock to it.
     void advance(double seconds);
 
-    /// Takes over what other threads have ready: tasks posted to the render thread and decoded textures. A real frame clock
-    /// moves on here.
+    /// Takes over what other threads have ready: tasks posted to the render thread and decoded textures. A real frame
+    /// clock moves on here.
     void pump();
 
     /// Draws one frame of the pass: pumps, prepares, renders.

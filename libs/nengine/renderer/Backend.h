@@ -34,8 +34,8 @@ public:
     /// Draws one list. What the list points at is the caller's and is valid during the call only.
     virtual void submit(const DrawList &list, const FrameTarget &target) = 0;
 
-    /// Optional: reads a rectangle of what was drawn last, as RGBA8 rows from the top; x and y from the top left. Returns
-    /// false, with `rgba` untouched, where a backend cannot.
+    /// Optional: reads a rectangle of what was drawn last, as RGBA8 rows from the top; x and y from the top left.
+    /// Returns false, with `rgba` untouched, where a backend cannot.
     virtual bool readPixels(unsigned int x, unsigned int y, unsigned int width, unsigned int height, void *rgba);
 
     /// Optional: whether the picture is repeated outside 0 to 1 instead of clamped. Never called for atlas pages.

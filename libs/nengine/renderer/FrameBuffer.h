@@ -6,8 +6,8 @@
 
 namespace nurel::renderer {
 
-/// A place to draw to that is not the screen. The backend's owner made it and knows it by a number, which each submission
-/// carries; the toolkit passes the number on.
+/// A place to draw to that is not the screen. The backend's owner made it and knows it by a number, which each
+/// submission carries; the toolkit passes the number on.
 class FrameBuffer : public core::Object {
 public:
     static const ::core::Type TYPE;

@@ -7,8 +7,8 @@
 
 namespace nurel::renderer {
 
-/// A backend that draws nothing and remembers: the last draw list as a deep copy, and what happened to textures. For tests,
-/// and for programs that run screens without showing them.
+/// A backend that draws nothing and remembers: the last draw list as a deep copy, and what happened to textures. For
+/// tests, and for programs that run screens without showing them.
 class RecordingBackend : public Backend {
 public:
     struct Texture {

@@ -15,8 +15,8 @@ class Renderer;
 class Sorter;
 struct FrameTarget;
 
-/// Draws its views one after the other into one target. Each view is one draw list: built when something that is seen has
-/// changed, mended where only vertices have, and otherwise submitted again as it is.
+/// Draws its views one after the other into one target. Each view is one draw list: built when something that is seen
+/// has changed, mended where only vertices have, and otherwise submitted again as it is.
 ///
 /// Needs the `Renderer` for `prepare` and `render`, which do nothing without it.
 class RenderPass : public core::Object {
@@ -47,7 +47,8 @@ public:
     /// Submits the draw lists of the last `prepare`.
     void render();
 
-    /// Makes each `prepare` build every list a second time from nothing, compare, and log an error where they differ. Slow.
+    /// Makes each `prepare` build every list a second time from nothing, compare, and log an error where they differ.
+    /// Slow.
     void setVerify(bool verify) { mVerify = verify; }
 
     const FrameStatistics &getStatistics() const { return mStatistics; }

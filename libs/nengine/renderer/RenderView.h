@@ -6,8 +6,8 @@
 
 namespace nurel::renderer {
 
-/// One scene as one camera sees it. It holds culler, camera and root by counted references; the culler's visibility set must
-/// outlive the last `prepare`.
+/// One scene as one camera sees it. It holds culler, camera and root by counted references; the culler's visibility set
+/// must outlive the last `prepare`.
 class RenderView : public core::Object {
 public:
     static const ::core::Type TYPE;

@@ -27,7 +27,8 @@ Renderer &Renderer::getSingleton() {
 }
 
 void Renderer::resize(unsigned int width, unsigned int height) {
-    const ResizeEventData data = {ResizeEventData::SCREEN, mScreenSettings.width, mScreenSettings.height, width, height};
+    const ResizeEventData data = {ResizeEventData::SCREEN, mScreenSettings.width, mScreenSettings.height, width,
+                                  height};
     mScreenSettings.width = width;
     mScreenSettings.height = height;
     mResizeSubscribers.notify(data);

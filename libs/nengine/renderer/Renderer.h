@@ -16,9 +16,9 @@ namespace nurel::renderer {
 class Backend;
 class Sorter;
 
-/// What the scene needs of the place where it is drawn: the screen's size, the clocks, the backend, the atlas, and the road
-/// into the render thread. A singleton that the `Engine` makes and takes down; used on the render thread, but for the task
-/// queue and the timer.
+/// What the scene needs of the place where it is drawn: the screen's size, the clocks, the backend, the atlas, and the
+/// road into the render thread. A singleton that the `Engine` makes and takes down; used on the render thread, but for
+/// the task queue and the timer.
 class Renderer {
 public:
     /// The backend outlives the renderer. Makes this the singleton.
@@ -65,8 +65,8 @@ public:
     TaskQueue &getTaskQueue() { return mTaskQueue; }
 
     /// Gives the sorter that a render pass is to use for the one that its maker wants. This one gives that one back; a
-    /// renderer with another idea of order overrides it. Whoever overrides it takes over the sorter that he gets, be it by
-    /// wrapping it or by disposing of it; the sorter that he gives back is the caller's, with count 0 if it is new.
+    /// renderer with another idea of order overrides it. Whoever overrides it takes over the sorter that he gets, be it
+    /// by wrapping it or by disposing of it; the sorter that he gives back is the caller's, with count 0 if it is new.
     virtual Sorter *prepareSorter(Sorter *sorter);
 
     /// The pages that textures and glyphs are packed in. Null before the engine made it.

@@ -12,8 +12,8 @@ namespace nurel::renderer {
 
 class Renderer;
 
-/// Puts the meshes of a pass in the order in which they are drawn. This one leaves them in the order of nodes, so that what
-/// comes later in the scene lies above; a derived class may override `sort`.
+/// Puts the meshes of a pass in the order in which they are drawn. This one leaves them in the order of nodes, so that
+/// what comes later in the scene lies above; a derived class may override `sort`.
 class Sorter : public core::Object {
 public:
     static const ::core::Type TYPE;

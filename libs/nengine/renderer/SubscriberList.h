@@ -10,8 +10,8 @@ namespace nurel::renderer {
 
 /// Callbacks with ids, called in the order of subscription. A callback that returns true is taken out.
 ///
-/// Subscribing and unsubscribing are legal from inside a call: a new callback is called from the next time on, one that is
-/// gone is not called any more. Used on the render thread.
+/// Subscribing and unsubscribing are legal from inside a call: a new callback is called from the next time on, one that
+/// is gone is not called any more. Used on the render thread.
 template <class Argument>
 class SubscriberList {
 public:

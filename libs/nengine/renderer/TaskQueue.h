@@ -12,11 +12,11 @@
 
 namespace nurel::renderer {
 
-/// The road into the render thread: tasks posted by other threads wait until that thread pumps the queue, at the start of a
-/// frame; a task posted by the render thread itself runs at once.
+/// The road into the render thread: tasks posted by other threads wait until that thread pumps the queue, at the start
+/// of a frame; a task posted by the render thread itself runs at once.
 ///
-/// `post` and `isOwnThread` may be called from any thread, everything else from the render thread. Whoever waits for a future
-/// of a task must not be the one that the render thread waits for.
+/// `post` and `isOwnThread` may be called from any thread, everything else from the render thread. Whoever waits for a
+/// future of a task must not be the one that the render thread waits for.
 class TaskQueue {
 public:
     /// The render thread is the one that makes the queue.

@@ -25,10 +25,10 @@ public:
     /// World to clip space: the inverse of the world transform, then the projection. Current on demand.
     math::Matrix4 getViewProjection() const;
 
-    /// The point of the world, on the far plane, that is seen at a place of the screen. `screenPoint` counts pixels from
-    /// the top left, y downward; its z is not used. The direction of the ray through that pixel is then
-    /// `out - getPosition()`. Width and height are the screen's in pixels; with 0 for either, the renderer's present
-    /// screen size stands in, or 1 where that is 0 too.
+    /// The point of the world, on the far plane, that is seen at a place of the screen. `screenPoint` counts pixels
+    /// from the top left, y downward; its z is not used. The direction of the ray through that pixel is then `out -
+    /// getPosition()`. Width and height are the screen's in pixels; with 0 for either, the renderer's present screen
+    /// size stands in, or 1 where that is 0 too.
     void unproject(const math::Vector3 &screenPoint, math::Vector3 &out, unsigned int width, unsigned int height) const;
 
 private:

@@ -22,8 +22,8 @@ public:
 
     VisibilitySet *getVisibilitySet() const { return mSet; }
 
-    /// Starts anew with everything that is not hidden at and below the root. A null root gives an empty set. The camera,
-    /// which may be null, is what a derived class may cull by; this one takes all.
+    /// Starts anew with everything that is not hidden at and below the root. A null root gives an empty set. The
+    /// camera, which may be null, is what a derived class may cull by; this one takes all.
     virtual void cull(const Camera *camera, Frame *root);
 
     /// Visits one frame, unless it is hidden.

@@ -12,8 +12,8 @@ namespace nurel::scene {
 
 /// What a mesh may know of the view that it is about to be drawn in.
 struct DrawContext {
-    math::Matrix4 viewProjection;    ///< world to clip space
-    unsigned int width = 0;          ///< of the target in pixels
+    math::Matrix4 viewProjection; ///< world to clip space
+    unsigned int width = 0;       ///< of the target in pixels
     unsigned int height = 0;
     texture::Atlas *atlas = nullptr; ///< null only in tests that draw without textures
     std::uint32_t revision = 0;      ///< another number whenever one of the fields above changed

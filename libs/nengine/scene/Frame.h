@@ -18,8 +18,9 @@ class Property;
 /// A place in the scene: a transform relative to its parent, a hidden flag and properties. Base of nodes, meshes and
 /// cameras.
 ///
-/// Setters only note a change. `update` on a root brings world transforms and inherited properties up to date, top down,
-/// and does no work below what did not change. A frame that was never moved keeps no transform of its own and costs little.
+/// Setters only note a change. `update` on a root brings world transforms and inherited properties up to date, top
+/// down, and does no work below what did not change. A frame that was never moved keeps no transform of its own and
+/// costs little.
 ///
 /// A parent holds its children by counted references; a child looks at its parent. Used on the render thread.
 class Frame : public HandledObject {
@@ -72,12 +73,12 @@ public:
     bool isHidden() const { return hasFlag(HIDDEN); }
     void setHidden(bool hidden);
 
-    /// The frame's own property of this index, else its parents', else the shared default. Current, whether or not the frame
-    /// was updated. Never null for the indexes in use; null for others.
+    /// The frame's own property of this index, else its parents', else the shared default. Current, whether or not the
+    /// frame was updated. Never null for the indexes in use; null for others.
     Property *getProperty(unsigned int index) const;
 
-    /// Makes the property this frame's own in place of the one with the same index; null is ignored. A property that has an
-    /// index in use but is not of that index's class raises `core::IllegalArgumentException`
+    /// Makes the property this frame's own in place of the one with the same index; null is ignored. A property that
+    /// has an index in use but is not of that index's class raises `core::IllegalArgumentException`
     /// "%s cannot be property %u".
     void setProperty(Property *property);
 
@@ -95,22 +96,22 @@ public:
     void update(float time, bool recursive);
 
     /// One step of the walk: runs the handlers, then the transform (when it or `parentChanged` asks for it) and the
-    /// inherited properties. Returns whether the world transform of this frame or of one below changed. It is called for
-    /// every frame in every update and allocates nothing while nothing changes.
+    /// inherited properties. Returns whether the world transform of this frame or of one below changed. It is called
+    /// for every frame in every update and allocates nothing while nothing changes.
     virtual bool updateInternal(float time, bool parentChanged);
 
     /// For frames with effects of their own that a walk has to start; this one does nothing.
     virtual void updateFX();
 
-    /// Takes over what the parents' properties say now, theirs first. Frames below follow with the next update, and at once
-    /// where `getProperty` is asked.
+    /// Takes over what the parents' properties say now, theirs first. Frames below follow with the next update, and at
+    /// once where `getProperty` is asked.
     virtual void updateProperties();
 
     /// Tells the parents that the space taken by this frame changed.
     virtual void updateBoundUpward();
 
-    /// Called after the world transform was computed from the parent's: a derived class may put another in its place with
-    /// `setWorldTransform`. This one does nothing.
+    /// Called after the world transform was computed from the parent's: a derived class may put another in its place
+    /// with `setWorldTransform`. This one does nothing.
     virtual void customWorldTransform();
 
     /// The culler's visit: a frame gives the culler what it draws. Not called for a hidden frame.
@@ -125,10 +126,10 @@ protected:
     enum Flag : std::uint16_t {
         HIDDEN = 0x01,
         ANIMATED = 0x02,
-        TRANSFORM_CHANGED = 0x04, ///< set by setters and by a new parent, cleared by the update that takes it over
-        WORLD_CHANGED = 0x08,     ///< set by updates, cleared by whoever follows the world transform (a mesh)
-        GEOMETRY_CHANGED = 0x10,  ///< set by a mesh's setters, cleared when the geometry was built
-        PROPERTIES_CHANGED = 0x20, ///< set by setters and by a new parent, cleared by the update that takes it over
+        TRANSFORM_CHANGED = 0x04,    ///< set by setters and by a new parent, cleared by the update that takes it over
+        WORLD_CHANGED = 0x08,        ///< set by updates, cleared by whoever follows the world transform (a mesh)
+        GEOMETRY_CHANGED = 0x10,     ///< set by a mesh's setters, cleared when the geometry was built
+        PROPERTIES_CHANGED = 0x20,   ///< set by setters and by a new parent, cleared by the update that takes it over
         PROPERTIES_PASSED_ON = 0x40, ///< stands while an update walks the children of a node whose properties changed
         FIRST_FREE_FLAG = 0x80
     };

@@ -10,8 +10,8 @@ namespace nurel::scene {
 
 class ObjectHandler;
 
-/// A named object that handlers can be attached to: objects that change it as time goes by. What no handler was added to
-/// pays one pointer. Used on the render thread.
+/// A named object that handlers can be attached to: objects that change it as time goes by. What no handler was added
+/// to pays one pointer. Used on the render thread.
 class HandledObject : public core::NamedObject, public core::ExtraDatable {
 public:
     static const ::core::Type TYPE;
@@ -21,8 +21,8 @@ public:
     explicit HandledObject(const char *name = "");
     ~HandledObject() override;
 
-    /// Holds the handler by a counted reference and makes this its target. Null, and a handler that is there already, are
-    /// ignored; a handler of another object leaves that one first.
+    /// Holds the handler by a counted reference and makes this its target. Null, and a handler that is there already,
+    /// are ignored; a handler of another object leaves that one first.
     void addHandler(ObjectHandler *handler);
 
     /// Releases the handler; a stranger is ignored.

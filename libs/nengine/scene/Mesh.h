@@ -16,9 +16,10 @@ namespace nurel::scene {
 
 struct DrawContext;
 
-/// A frame that draws. It keeps what it draws in its own space and, beside that, as coloured vertices in the world; the first
-/// is made anew after `setChanged`, the second also when the world transform, the material, the blend flag or the texture
-/// changed, and neither otherwise. Both are made when the mesh is about to be drawn, so a mesh that is never seen has none.
+/// A frame that draws. It keeps what it draws in its own space and, beside that, as coloured vertices in the world; the
+/// first is made anew after `setChanged`, the second also when the world transform, the material, the blend flag or the
+/// texture changed, and neither otherwise. Both are made when the mesh is about to be drawn, so a mesh that is never
+/// seen has none.
 class Mesh : public Frame {
 public:
     static const ::core::Type TYPE;
@@ -41,13 +42,14 @@ public:
     math::Vector2 getMinBound() const;
     math::Vector2 getMaxBound() const;
 
-    /// The texture of stage 0 of the texture property, own or inherited, as of the last update; null when there is none.
+    /// The texture of stage 0 of the texture property, own or inherited, as of the last update; null when there is
+    /// none.
     texture::Texture *getTexture() const;
 
     void onVisible(Culler *culler, math::Frustum::EFrustumResult result) override;
 
-    /// Brings what is drawn up to date and gives it out; it may be empty. For the renderer. Adds the vertices that had to be
-    /// computed to `rebuiltVertices`.
+    /// Brings what is drawn up to date and gives it out; it may be empty. For the renderer. Adds the vertices that had
+    /// to be computed to `rebuiltVertices`.
     const geometry::MeshGeometry &prepareGeometry(const DrawContext &context, std::uint64_t &rebuiltVertices);
 
     /// A number that changes with every change of what `prepareGeometry` gives out.
@@ -61,12 +63,12 @@ public:
 
 protected:
     /// Fills the geometry in the mesh's own space; `out` is empty when it comes. Returns false when there is nothing to
-    /// draw. It is not asked again until `setChanged(true)`. A mesh that draws the texture of its texture property is asked
-    /// when that texture becomes another or is loaded.
+    /// draw. It is not asked again until `setChanged(true)`. A mesh that draws the texture of its texture property is
+    /// asked when that texture becomes another or is loaded.
     virtual bool buildGeometry(geometry::LocalGeometry &out);
 
-    /// Called before drawing when the world transform or the view changed. A mesh whose geometry depends on them, such as a
-    /// text whose glyphs are drawn for a size on the screen, calls `setChanged(true)` where it has to.
+    /// Called before drawing when the world transform or the view changed. A mesh whose geometry depends on them, such
+    /// as a text whose glyphs are drawn for a size on the screen, calls `setChanged(true)` where it has to.
     virtual void viewChanged(const DrawContext &context);
 
 private:

@@ -12,8 +12,8 @@ constinit const ::core::Type Node::TYPE("Node", &Frame::TYPE);
 
 namespace {
 
-/// While any node walks its children, frames that leave the scene are kept here: one of them may be on its way through its
-/// own `updateInternal`.
+/// While any node walks its children, frames that leave the scene are kept here: one of them may be on its way through
+/// its own `updateInternal`.
 class Walk {
 public:
     Walk() { ++mDepth; }

@@ -8,8 +8,8 @@ namespace nurel::scene {
 
 /// A frame with children, which it holds by counted references. Their order is the order in which they are drawn.
 ///
-/// Whatever adds a child skips null, and takes the child out of the node that has it now. Adding a node below itself raises
-/// `core::IllegalArgumentException` "Node %s cannot be put below itself".
+/// Whatever adds a child skips null, and takes the child out of the node that has it now. Adding a node below itself
+/// raises `core::IllegalArgumentException` "Node %s cannot be put below itself".
 class Node : public Frame {
 public:
     static const ::core::Type TYPE;

@@ -6,11 +6,11 @@
 
 namespace nurel::scene {
 
-/// One aspect of how a frame is drawn. A frame has at most one property of each index of its own; what it has not it takes
-/// from its parents, and what these have not either from a shared default.
+/// One aspect of how a frame is drawn. A frame has at most one property of each index of its own; what it has not it
+/// takes from its parents, and what these have not either from a shared default.
 ///
-/// A property may belong to several frames. The shared defaults (`isDefault()`) belong to all: clone one before writing to
-/// it. Used on the render thread.
+/// A property may belong to several frames. The shared defaults (`isDefault()`) belong to all: clone one before writing
+/// to it. Used on the render thread.
 class Property : public HandledObject {
 public:
     static const ::core::Type TYPE;
@@ -38,7 +38,8 @@ public:
     void _clone(core::Object *target, core::CloningOptions &options) const override;
 
 protected:
-    /// Raises `core::IllegalArgumentException` "Property index %u is out of range" for an index of `INDEX_COUNT` or more.
+    /// Raises `core::IllegalArgumentException` "Property index %u is out of range" for an index of `INDEX_COUNT` or
+    /// more.
     Property(unsigned int index, const char *name);
 
     /// To be called by every setter that changed something.

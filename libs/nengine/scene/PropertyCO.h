@@ -4,8 +4,8 @@
 
 namespace nurel::scene {
 
-/// Which of a frame's own properties its clone gets as copies: bit n stands for index n. The clone shares the others with
-/// its source, and all of them when the option is not given. Put it under `Property::TYPE`:
+/// Which of a frame's own properties its clone gets as copies: bit n stands for index n. The clone shares the others
+/// with its source, and all of them when the option is not given. Put it under `Property::TYPE`:
 ///
 ///     options.put(scene::Property::TYPE, new scene::PropertyCO(0xffff)); // a clone that can be coloured by itself
 class PropertyCO : public core::CloningOptions::Option {

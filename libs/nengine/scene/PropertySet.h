@@ -1,14 +1,14 @@
 #pragma once
 
-#include "nmain/core/Fwd.h"
 #include "foundation/core/SmartPtr.h"
+#include "nmain/core/Fwd.h"
 
 namespace nurel::scene {
 
 class Property;
 
-/// The properties of one frame: its own, and those that it inherited when it was last brought up to date. A frame without
-/// own properties shares the block of its parent, so that it costs a pointer.
+/// The properties of one frame: its own, and those that it inherited when it was last brought up to date. A frame
+/// without own properties shares the block of its parent, so that it costs a pointer.
 class PropertySet {
 public:
     PropertySet();
@@ -21,8 +21,8 @@ public:
 
     bool hasOwn() const;
 
-    /// Own, inherited or shared default, as of the last update of the frame: what drawing goes by. Null for an index that
-    /// is not in use.
+    /// Own, inherited or shared default, as of the last update of the frame: what drawing goes by. Null for an index
+    /// that is not in use.
     Property *getEffective(unsigned int index) const;
 
 private:

@@ -7,8 +7,8 @@ namespace nurel::scene {
 
 class Mesh;
 
-/// The meshes that a culler found, in the order of nodes, which is the order of drawing. The meshes are only looked at; they
-/// stay valid until the scene changes.
+/// The meshes that a culler found, in the order of nodes, which is the order of drawing. The meshes are only looked at;
+/// they stay valid until the scene changes.
 class VisibilitySet {
 public:
     void clear() { mMeshes.clear(); }

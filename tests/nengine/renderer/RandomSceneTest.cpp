@@ -24,8 +24,8 @@ public:
     Shaker(test::Screen &screen, unsigned int seed) : mScreen(screen), mRandom(seed) {
         for (unsigned int i = 0; i < 3; ++i)
             mTextures.push_back(screen.makeTexture("t", 8 << i, 16));
-        mTextures.push_back(new texture::Texture("pending"));
-        mTextures.push_back(nullptr);
+        mTextures.emplace_back(new texture::Texture("pending"));
+        mTextures.emplace_back();
     }
 
     void step() {

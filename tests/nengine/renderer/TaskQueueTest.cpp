@@ -29,10 +29,12 @@ TEST(TaskQueue, KnowsItsOwnThread) {
 TEST(TaskQueue, ATaskOfTheOwnThreadRunsAtOnce) {
     TaskQueue queue;
     bool done = false;
-    const core::Future<int> future = queue.post([&done](int a, int b) {
-        done = true;
-        return a * b;
-    }, 6, 7);
+    const core::Future<int> future = queue.post(
+        [&done](int a, int b) {
+            done = true;
+            return a * b;
+        },
+        6, 7);
     EXPECT_TRUE(done);
     EXPECT_TRUE(future.isSet());
     EXPECT_EQ(future.get(), 42);
@@ -82,9 +84,8 @@ TEST(TaskQueue, ArgumentsAreMovedIntoTheTask) {
     TaskQueue queue;
     int seen = 0;
     core::Future<void> future;
-    elsewhere([&] {
-        future = queue.post([&seen](std::unique_ptr<int> value) { seen = *value; }, std::make_unique<int>(5));
-    });
+    elsewhere(
+        [&] { future = queue.post([&seen](std::unique_ptr<int> value) { seen = *value; }, std::make_unique<int>(5)); });
     queue.pump();
     EXPECT_EQ(seen, 5);
 }

@@ -18,13 +18,15 @@ void setUpScreenCamera(scene::Camera &camera, float width, float height) {
     projection(1, 1) = 1000 / halfHeight;
     camera.setProjection(projection);
     camera.setTranslation({halfWidth, halfHeight, -1000});
-    camera.setRotation(math::Matrix3(-math::Vector3::AXIS_X, -math::Vector3::AXIS_Y, math::Vector3::AXIS_Z, true), false);
+    camera.setRotation(math::Matrix3(-math::Vector3::AXIS_X, -math::Vector3::AXIS_Y, math::Vector3::AXIS_Z, true),
+                       false);
     camera.update(0, true);
 }
 
 Screen::Screen(unsigned int width, unsigned int height)
     : renderer(backend, width, height, true), atlas(std::make_unique<texture::Atlas>(backend)),
-      camera(new scene::Camera("camera")), root(new scene::Node("root")), pass(new renderer::RenderPass(nullptr, nullptr)),
+      camera(new scene::Camera("camera")), root(new scene::Node("root")),
+      pass(new renderer::RenderPass(nullptr, nullptr)),
       mLink(std::make_shared<texture::BackendLink>(texture::BackendLink{&backend})) {
     renderer.setAtlas(atlas.get());
     setUpScreenCamera(*camera, static_cast<float>(width), static_cast<float>(height));

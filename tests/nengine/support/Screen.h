@@ -15,7 +15,8 @@
 
 namespace test {
 
-/// Places a camera as a user interface needs it: one unit at z 0 is one pixel, the origin is the top left, y is downward.
+/// Places a camera as a user interface needs it: one unit at z 0 is one pixel, the origin is the top left, y is
+/// downward.
 void setUpScreenCamera(nurel::scene::Camera &camera, float width, float height);
 
 /// A renderer on a recording backend with an atlas, a scene and a pass that draws it.

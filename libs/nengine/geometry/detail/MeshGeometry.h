@@ -16,8 +16,8 @@ class Atlas;
 
 namespace nurel::geometry {
 
-/// What one mesh keeps of what it draws: its geometry in its own space, the same as vertices in the world, and the revisions
-/// of everything that these were made from. Arrays have exactly the size that is needed.
+/// What one mesh keeps of what it draws: its geometry in its own space, the same as vertices in the world, and the
+/// revisions of everything that these were made from. Arrays have exactly the size that is needed.
 class MeshGeometry {
 public:
     /// As in `LocalGeometry`, but the page is counted, and flat runs have got the page of the white texel.
@@ -39,7 +39,8 @@ public:
     MeshGeometry(const MeshGeometry &) = delete;
     MeshGeometry &operator=(const MeshGeometry &) = delete;
 
-    /// Copies the geometry. Flat runs are drawn from the atlas's white texel, or without a texture where there is no atlas.
+    /// Copies the geometry. Flat runs are drawn from the atlas's white texel, or without a texture where there is no
+    /// atlas.
     void setLocal(const LocalGeometry &local, const texture::Atlas *atlas);
 
     /// Takes over the geometry, but not the vertices in the world.

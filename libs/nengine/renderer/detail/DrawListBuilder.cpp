@@ -56,8 +56,7 @@ DrawListBuilder::State DrawListBuilder::getState(const scene::Mesh &mesh) {
     const auto &alpha = static_cast<const scene::properties::AlphaProperty &>(*set.getEffective(Property::ALPHA));
     const auto &material =
         static_cast<const scene::properties::MaterialProperty &>(*set.getEffective(Property::MATERIAL));
-    const auto &stencil =
-        static_cast<const scene::properties::StencilProperty &>(*set.getEffective(Property::STENCIL));
+    const auto &stencil = static_cast<const scene::properties::StencilProperty &>(*set.getEffective(Property::STENCIL));
     State state;
     state.blend = alpha.isBlending() ? Blend::PREMULTIPLIED : Blend::NONE;
     state.colorMask = static_cast<std::uint8_t>(material.getFlags() & 3u);
@@ -116,7 +115,8 @@ bool DrawListBuilder::updateContext(const math::Matrix4 &viewProjection, unsigne
     return true;
 }
 
-/// Keeps the mesh's part of the list, with other vertices if that is all that changed. False: it has to be written anew.
+/// Keeps the mesh's part of the list, with other vertices if that is all that changed. False: it has to be written
+/// anew.
 bool DrawListBuilder::updateEntry(std::size_t index, scene::Mesh &mesh, const geometry::MeshGeometry &geometry,
                                   const State &state, Change &change) {
     if (index >= mEntries.size())
@@ -153,8 +153,8 @@ void DrawListBuilder::cut(std::size_t count) {
 
 void DrawListBuilder::append(scene::Mesh &mesh, const geometry::MeshGeometry &geometry, const State &state) {
     std::size_t base = mVertices.size();
-    mEntries.push_back({&mesh, geometry.getRevision(), geometry.getLayoutRevision(), state,
-                        mesh.getDrawStamp(), static_cast<std::uint32_t>(base), static_cast<std::uint32_t>(mIndices.size())});
+    mEntries.push_back({&mesh, geometry.getRevision(), geometry.getLayoutRevision(), state, mesh.getDrawStamp(),
+                        static_cast<std::uint32_t>(base), static_cast<std::uint32_t>(mIndices.size())});
     const auto vertices = geometry.getVertices();
     mVertices.insert(mVertices.end(), vertices.begin(), vertices.end());
 
@@ -234,8 +234,7 @@ bool DrawListBuilder::verify(const std::vector<scene::Mesh *> &meshes) const {
         mesh->rebuildGeometry(mContext, geometry);
         fresh.append(*mesh, geometry, getState(*mesh));
     }
-    return std::ranges::equal(mVertices, fresh.mVertices) && mIndices == fresh.mIndices &&
-           mCommands == fresh.mCommands;
+    return std::ranges::equal(mVertices, fresh.mVertices) && mIndices == fresh.mIndices && mCommands == fresh.mCommands;
 }
 
 } // namespace nurel::renderer

@@ -16,9 +16,9 @@ class Mesh;
 
 namespace nurel::renderer {
 
-/// Turns the visible meshes of one view into a draw list, and keeps the list from frame to frame: what is the same stays,
-/// meshes of which only vertices changed are mended in place, and from the first other change on the list is put together
-/// anew. Nothing is allocated while nothing changes.
+/// Turns the visible meshes of one view into a draw list, and keeps the list from frame to frame: what is the same
+/// stays, meshes of which only vertices changed are mended in place, and from the first other change on the list is put
+/// together anew. Nothing is allocated while nothing changes.
 class DrawListBuilder {
 public:
     DrawListBuilder();

@@ -4,8 +4,8 @@
 
 namespace nurel::scene::handlers {
 
-/// Shows its frame in the first half of each range and hides it in the second. While it is disabled it leaves the hidden
-/// flag alone. Attached to anything but a frame it does nothing.
+/// Shows its frame in the first half of each range and hides it in the second. While it is disabled it leaves the
+/// hidden flag alone. Attached to anything but a frame it does nothing.
 class BlinkHandler : public TimeBasedHandler {
 public:
     static const ::core::Type TYPE;

@@ -72,7 +72,8 @@ float getSkinStart(float offset, float size, int spacing, std::uint64_t index) {
 float getSkinLength(float wanted, float textureSize, float offset, int spacing, unsigned int count) {
     if (wanted > 0.0f)
         return wanted;
-    const float skins = textureSize - std::max(offset, 0.0f) - static_cast<float>(spacing) * static_cast<float>(count - 1);
+    const float skins =
+        textureSize - std::max(offset, 0.0f) - static_cast<float>(spacing) * static_cast<float>(count - 1);
     return std::max(skins / static_cast<float>(count), 0.0f);
 }
 

@@ -5,11 +5,11 @@
 
 namespace nurel::scene::meshes {
 
-/// A rectangle whose texture is cut into nine: corners keep their size, edges are stretched along themselves and the middle
-/// is stretched both ways.
+/// A rectangle whose texture is cut into nine: corners keep their size, edges are stretched along themselves and the
+/// middle is stretched both ways.
 ///
-/// A texture may hold several skins, looks of one control: equal cells of a grid, counted row by row. The border is cut out
-/// of the current skin. Without a texture all of it is one flat rectangle.
+/// A texture may hold several skins, looks of one control: equal cells of a grid, counted row by row. The border is cut
+/// out of the current skin. Without a texture all of it is one flat rectangle.
 class BorderedRectangleMesh : public SizeableRectangleMesh {
 public:
     static const ::core::Type TYPE;
@@ -23,8 +23,8 @@ public:
         BORDER_FIX_FIT = 2   ///< both borders are reduced by one factor until they fit
     };
 
-    /// The border is (top, right, bottom, left), in pixels of the texture and units of the mesh alike. Texture and allocator
-    /// may be null; a texture becomes stage 0 of a texture property of the mesh's own.
+    /// The border is (top, right, bottom, left), in pixels of the texture and units of the mesh alike. Texture and
+    /// allocator may be null; a texture becomes stage 0 of a texture property of the mesh's own.
     BorderedRectangleMesh(const char *name, const math::Vector2 &size, const math::Vector4 &border,
                           texture::Texture *texture = nullptr, geometry::MeshDataAllocator *allocator = nullptr);
     ~BorderedRectangleMesh() override;

@@ -4,8 +4,8 @@
 
 namespace nurel::scene::meshes {
 
-/// A rectangle around its origin, with y downward. It shows the whole texture of its texture property; without one it is
-/// flat, in the colour of its material. Nothing is drawn while a side is not above 0.
+/// A rectangle around its origin, with y downward. It shows the whole texture of its texture property; without one it
+/// is flat, in the colour of its material. Nothing is drawn while a side is not above 0.
 class SizeableRectangleMesh : public TriangleMesh {
 public:
     static const ::core::Type TYPE;

@@ -4,8 +4,8 @@
 
 namespace nurel::scene::properties {
 
-/// Property 3: what a mesh would do with a depth buffer. It is state that applications can read; drawing follows the order
-/// of nodes, whatever the depth.
+/// Property 3: what a mesh would do with a depth buffer. It is state that applications can read; drawing follows the
+/// order of nodes, whatever the depth.
 class DepthProperty : public Property {
 public:
     static const ::core::Type TYPE;

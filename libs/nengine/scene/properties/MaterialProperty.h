@@ -6,8 +6,8 @@
 
 namespace nurel::scene::properties {
 
-/// Property 1: colour. What is drawn is color * second color * vertex colour * texture; both colours are white at first.
-/// Colours are not premultiplied; values outside 0 to 1 are cut when they are drawn.
+/// Property 1: colour. What is drawn is color * second color * vertex colour * texture; both colours are white at
+/// first. Colours are not premultiplied; values outside 0 to 1 are cut when they are drawn.
 class MaterialProperty : public Property {
 public:
     static const ::core::Type TYPE;

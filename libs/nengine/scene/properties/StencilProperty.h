@@ -4,8 +4,8 @@
 
 namespace nurel::scene::properties {
 
-/// Property 6: the stencil test. A pixel passes when `reference` compares as asked with the value in the stencil buffer,
-/// which is 0 everywhere at the start of a frame; one of three operations then changes that value.
+/// Property 6: the stencil test. A pixel passes when `reference` compares as asked with the value in the stencil
+/// buffer, which is 0 everywhere at the start of a frame; one of three operations then changes that value.
 class StencilProperty : public Property {
 public:
     static const ::core::Type TYPE;
@@ -32,8 +32,8 @@ public:
     unsigned int getReference() const { return mReference; }
     void setReference(unsigned int reference);
 
-    /// What is done when the test fails, when it passes and the depth test fails, and when both pass. All `KEEP` at first.
-    /// A number that is no operation leaves that one as it was.
+    /// What is done when the test fails, when it passes and the depth test fails, and when both pass. All `KEEP` at
+    /// first. A number that is no operation leaves that one as it was.
     void setOperations(unsigned int fail, unsigned int depthFail, unsigned int pass);
     unsigned int getFailOperation() const { return mFail; }
     unsigned int getDepthFailOperation() const { return mDepthFail; }

@@ -123,7 +123,7 @@ TEST_F(Rectangles, FixZeroDropsTheBorderOfTheAxis) {
                             "-4,-28 4,27 px 0,2 64,29\n"
                             "-4,27 4,30 px 0,29 64,32\n");
     mesh->setSize({11, 60});
-    EXPECT_EQ(mesh->dump().substr(0, 31), "-5.5,-30 0.5,-28 px 0,0 6,2\n0.5")  << "it fits";
+    EXPECT_EQ(mesh->dump().substr(0, 31), "-5.5,-30 0.5,-28 px 0,0 6,2\n0.5") << "it fits";
 }
 
 TEST_F(Rectangles, FixFitReducesBothBordersByOneFactor) {

@@ -180,6 +180,8 @@ void TexturePool::reload(const char *name) {
 void TexturePool::setFileSystem(vfs::FileSystem *fileSystem) {
     mFileSystem = fileSystem ? fileSystem : mWorkingDirectory.get();
     mMissing.clear();
+    if (!mWorkerStarted)
+        return;
     // behind everything that still uses the old one
     mWorker.postTask(new ::core::GenericProcess([] {})).wait();
 }
@@ -196,6 +198,7 @@ std::vector<std::string> TexturePool::getFileNames() const {
 void TexturePool::startLoading(const std::string &name, Texture &texture) {
     auto job = std::make_shared<Job>(name, mFileSystem, &texture);
     mPending.push_back(job);
+    mWorkerStarted = true;
     mWorker.postTask(new ::core::GenericProcess([this, job] {
         job->load();
         job->done.set();

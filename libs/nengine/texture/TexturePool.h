@@ -118,6 +118,7 @@ private:
     std::set<Texture *> mAlive; ///< everything that points back at the pool, removed textures included
     std::vector<std::shared_ptr<Job>> mPending;
     ::core::SmartPtr<RenderData> mDefault;
+    bool mWorkerStarted = false; ///< it has a thread from its first task on
     ::core::Runnable mWorker;
 };
 

@@ -18,9 +18,9 @@ struct Glyph;
 
 /// A typeface at a size of its own, made and counted by the FontManager; its name is the one that it is found by.
 ///
-/// Metrics are the font file's own, scaled without hinting or rounding, so that a layout is the same at every size. A font
-/// may outlive its manager: metrics stay readable, but text in it is neither shaped nor drawn any more. Used on the render
-/// thread.
+/// Metrics are the font file's own, scaled without hinting or rounding, so that a layout is the same at every size. A
+/// font may outlive its manager: metrics stay readable, but text in it is neither shaped nor drawn any more. Used on
+/// the render thread.
 class Font : public core::NamedObject {
 public:
     /// Where the lines of a text stand in its box. The numbers are those of `TextMesh::setHorizontalAlignment`.
@@ -46,7 +46,8 @@ public:
     /// The own size: pixels an em. A text mesh of scale 1 has it.
     float getSize() const { return mSize; }
 
-    /// Height of a line at the own size, in pixels: ascent and descent, and the gap between lines where the file has one.
+    /// Height of a line at the own size, in pixels: ascent and descent, and the gap between lines where the file has
+    /// one.
     float getHeight() const { return mAscent + mDescent; }
 
     /// From the top of a line to its base line, in pixels at the own size.
@@ -55,12 +56,12 @@ public:
     /// From the base line to the bottom of a line, in pixels at the own size.
     float getDescent() const { return mDescent; }
 
-    /// The metrics of one character; null where this font has no glyph for it (text shows it all the same, from a font that
-    /// the manager falls back to). Stays valid as long as the font.
+    /// The metrics of one character; null where this font has no glyph for it (text shows it all the same, from a font
+    /// that the manager falls back to). Stays valid as long as the font.
     const Glyph *getGlyph(char32_t character) const;
 
-    /// The first page of the glyphs of all fonts, which is always loaded; null without a manager or where nothing is drawn.
-    /// Glyphs are rasterised as they are needed and there is nothing to wait for.
+    /// The first page of the glyphs of all fonts, which is always loaded; null without a manager or where nothing is
+    /// drawn. Glyphs are rasterised as they are needed and there is nothing to wait for.
     texture::Texture *getTexture() const;
 
     /// The file behind the font; null for a font without one. For the library itself.

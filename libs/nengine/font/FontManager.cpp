@@ -32,12 +32,12 @@ constexpr std::size_t MOST_MISSES = 1024; // names that are remembered as unknow
 } // namespace
 
 struct FontManager::Registry {
-    texture::Atlas *atlas;
+    texture::Atlas *atlas = nullptr;
     std::string defaultFamily;
     ::core::SmartPtr<detail::Face> defaultFile; ///< null: none was given, or it cannot be used
     std::map<std::string, ::core::SmartPtr<Font>, IgnoreCase> added;
     std::map<std::string, ::core::SmartPtr<Font>, IgnoreCase> installed; ///< null: not found
-    std::vector<::core::SmartPtr<Font>> replaced; ///< whoever looked one up may still look at it
+    std::vector<::core::SmartPtr<Font>> replaced;                        ///< whoever looked one up may still look at it
     ::core::SmartPtr<Font> defaultFont;
     ::core::SmartPtr<texture::Texture> glyphTexture;
     bool rebuild = false;

@@ -72,8 +72,7 @@ TEST_F(FontManagerTest, AMissingFileIsLoggedAndGivesNull) {
 
 TEST_F(FontManagerTest, AFileThatIsNoFontIsLoggedAndGivesNull) {
     EXPECT_EQ(manager->add("Licence", "tests/data/fonts/DejaVu-LICENSE.txt"), nullptr);
-    EXPECT_EQ(log.takeOne(Level::ERROR),
-              "Cannot load font tests/data/fonts/DejaVu-LICENSE.txt: unknown file format");
+    EXPECT_EQ(log.takeOne(Level::ERROR), "Cannot load font tests/data/fonts/DejaVu-LICENSE.txt: unknown file format");
     EXPECT_EQ(manager->add("Folder", "tests/data/fonts"), nullptr);
     EXPECT_EQ(log.takeOne(Level::ERROR), "Cannot load font tests/data/fonts: it cannot be read");
     EXPECT_EQ(manager->add("Nothing", nullptr), nullptr);
@@ -123,9 +122,8 @@ TEST_F(FontManagerTest, WithoutAnyFontTheDefaultOneIsEmptyAndOneErrorSaysSo) {
     ASSERT_NE(font, nullptr);
     EXPECT_EQ(font->getHeight(), 0.0f);
     EXPECT_EQ(manager->getDefaultFont(), font);
-    EXPECT_EQ(log.take(Level::ERROR),
-              (std::vector<std::string>{"Cannot load font gone.ttf: No such file or directory",
-                                        "No font found: texts are not shown"}));
+    EXPECT_EQ(log.take(Level::ERROR), (std::vector<std::string>{"Cannot load font gone.ttf: No such file or directory",
+                                                                "No font found: texts are not shown"}));
 }
 
 TEST_F(FontManagerTest, AnUnknownDefaultFamilyIsToldOf) {

@@ -55,8 +55,8 @@ TEST_F(FontTest, AFontWithoutAFaceHasNoSizeAndNoGlyphs) {
 }
 
 TEST_F(FontTest, ASizeThatIsNoneBecomesTheDefaultSize) {
-    for (const float size : {0.0f, -3.0f, std::numeric_limits<float>::quiet_NaN(),
-                             std::numeric_limits<float>::infinity()})
+    for (const float size :
+         {0.0f, -3.0f, std::numeric_limits<float>::quiet_NaN(), std::numeric_limits<float>::infinity()})
         EXPECT_EQ(manager->add("Odd", test::SANS_FILE, size)->getSize(), 16.0f) << size;
 }
 

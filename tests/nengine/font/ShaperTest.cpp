@@ -175,8 +175,8 @@ void expectSound(const ShapedParagraph &shape, const std::string &utf8) {
 
 TEST_F(ShaperTest, RandomTextsAreCoveredByRunsWithoutGaps) {
     const std::vector<std::string> letters = {
-        "a", "b", " ", "f", "i", "\t", "\u0301", "\u0302", "ש", "ל", "ב", "א", "۱", "۲", "\u200d", "\u200f", "\u202e",
-        "\u202c", "\u2066", "\u2069", "漢", "😀", "👍", "🏽", "\x01", "é"};
+        "a", "b",      " ",      "f",      "i",      "\t",     "\u0301", "\u0302", "ש", "ל", "ב",    "א",    "۱",
+        "۲", "\u200d", "\u200f", "\u202e", "\u202c", "\u2066", "\u2069", "漢",     "😀", "👍", "🏽", "\x01", "é"};
     std::mt19937 random(7);
     for (int i = 0; i < 300; ++i) {
         std::string utf8;

@@ -40,8 +40,8 @@ private:
     State *mState;
 };
 
-/// A screen with a font manager whose default font is SANS_FILE and that looks at no installed fonts. An unexpected warning
-/// or error in the log fails the test.
+/// A screen with a font manager whose default font is SANS_FILE and that looks at no installed fonts. An unexpected
+/// warning or error in the log fails the test.
 class TextTest : public testing::Test {
 protected:
     TextTest();

@@ -53,8 +53,8 @@ std::size_t getClusterLength(std::u32string_view text) {
     const std::size_t limit = std::min(text.size(), LONGEST_CLUSTER);
     while (end < limit) {
         const char32_t c = text[end];
-        const bool joined = text[end - 1] == ZERO_WIDTH_JOINER &&
-                            u_hasBinaryProperty(toIcu(c), UCHAR_EXTENDED_PICTOGRAPHIC) != 0;
+        const bool joined =
+            text[end - 1] == ZERO_WIDTH_JOINER && u_hasBinaryProperty(toIcu(c), UCHAR_EXTENDED_PICTOGRAPHIC) != 0;
         if (c < FIRST_COMBINING || !(joined || isMark(c) || isModifier(c) || isTag(c) || isInvisible(c)))
             break;
         ++end;

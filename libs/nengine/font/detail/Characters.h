@@ -5,7 +5,8 @@
 
 namespace nurel::font::detail {
 
-/// Characters that show nothing and need no glyph: controls, joiners, direction marks, variation selectors and the like.
+/// Characters that show nothing and need no glyph: controls, joiners, direction marks, variation selectors and the
+/// like.
 bool isInvisible(char32_t character);
 
 /// C0 and C1 controls, the line separators among them.

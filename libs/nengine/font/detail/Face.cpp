@@ -54,8 +54,7 @@ FontLibrary::~FontLibrary() {
         FT_Done_FreeType(mLibrary);
 }
 
-Face::Face(FontLibrary &library, hb_blob_t *blob) : mLibrary(&library), mBlob(blob), mId(nextFaceId()) {
-}
+Face::Face(FontLibrary &library, hb_blob_t *blob) : mLibrary(&library), mBlob(blob), mId(nextFaceId()) {}
 
 Face::~Face() {
     if (mRaster)

@@ -29,8 +29,8 @@ private:
     FT_Library mLibrary = nullptr;
 };
 
-/// One typeface of an open font file: for shaping in units of an em, and for rasterising. Both read the same memory, which
-/// is the mapped file or a copy of the bytes.
+/// One typeface of an open font file: for shaping in units of an em, and for rasterising. Both read the same memory,
+/// which is the mapped file or a copy of the bytes.
 class Face : public ::core::IRefCount {
 public:
     /// Shaping results are in this fraction of an em.
@@ -39,8 +39,8 @@ public:
     /// The glyph for what a face has not.
     static constexpr std::uint32_t MISSING = 0;
 
-    /// `index` is the face's number in a collection, with that of a named instance in the upper half. Null, with the reason
-    /// in words, when the file is missing or cannot be used.
+    /// `index` is the face's number in a collection, with that of a named instance in the upper half. Null, with the
+    /// reason in words, when the file is missing or cannot be used.
     static ::core::SmartPtr<Face> openFile(FontLibrary &library, const char *file, unsigned int index,
                                            std::string &reason);
     static ::core::SmartPtr<Face> openMemory(FontLibrary &library, const void *bytes, std::size_t size,
@@ -60,7 +60,8 @@ public:
     /// Unhinted advance, in em.
     float getAdvance(std::uint32_t glyph) const;
 
-    /// From the top of a line to its base line and from there to its bottom, in em. Half of the gap between lines is in each.
+    /// From the top of a line to its base line and from there to its bottom, in em. Half of the gap between lines is in
+    /// each.
     float getAscent() const { return mAscent; }
     float getDescent() const { return mDescent; }
 

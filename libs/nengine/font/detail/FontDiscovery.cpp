@@ -35,8 +35,9 @@ const char *fromFc(const FcChar8 *text) {
 const char *const GENERIC_NAMES[] = {"sans-serif", "serif", "monospace", "cursive", "fantasy", "system-ui"};
 
 bool isGeneric(const char *name) {
-    return std::any_of(std::begin(GENERIC_NAMES), std::end(GENERIC_NAMES),
-                       [name](const char *generic) { return ::text::StringUtil::compareIgnoreCase(generic, name) == 0; });
+    return std::any_of(std::begin(GENERIC_NAMES), std::end(GENERIC_NAMES), [name](const char *generic) {
+        return ::text::StringUtil::compareIgnoreCase(generic, name) == 0;
+    });
 }
 
 // What can be rasterised here: outlines, or pictures with colours.
@@ -64,8 +65,8 @@ FontFile toFile(FcPattern *font) {
     return file;
 }
 
-// A family that the configuration puts in place of the one that was asked for is bound to it strongly or as the same; the
-// general fallbacks, which follow for every name, are bound weakly.
+// A family that the configuration puts in place of the one that was asked for is bound to it strongly or as the same;
+// the general fallbacks, which follow for every name, are bound weakly.
 bool isAskedFor(FcPattern *request, FcPattern *font) {
     FcChar8 *family = nullptr;
     for (int i = 0; FcPatternGetString(font, FC_FAMILY, i, &family) == FcResultMatch; ++i) {
@@ -191,7 +192,8 @@ std::size_t FontDiscovery::findCharacters(std::u32string_view characters, bool c
     if (!needCandidates())
         return 0;
     const auto hasAll = [&](const FcCharSet *set) {
-        return std::all_of(characters.begin(), characters.end(), [set](char32_t c) { return FcCharSetHasChar(set, c); });
+        return std::all_of(characters.begin(), characters.end(),
+                           [set](char32_t c) { return FcCharSetHasChar(set, c); });
     };
     if (mCovered && !hasAll(mCovered))
         return mCandidates.size();

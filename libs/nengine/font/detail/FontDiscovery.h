@@ -25,15 +25,16 @@ public:
     FontDiscovery(const FontDiscovery &) = delete;
     FontDiscovery &operator=(const FontDiscovery &) = delete;
 
-    /// The regular face of a family, of a font by its full name ("Some Family Bold"), or what the system has for a generic
-    /// name such as "serif" or puts in place of a family of the same metrics. Without a path when there is none.
+    /// The regular face of a family, of a font by its full name ("Some Family Bold"), or what the system has for a
+    /// generic name such as "serif" or puts in place of a family of the same metrics. Without a path when there is
+    /// none.
     FontFile find(const char *name);
 
     /// What the system takes for a text that asks for nothing.
     FontFile findDefault();
 
-    /// The fonts that have all of these characters, from the best on: the position of the first one at or after `from`, or
-    /// getCount(). `colored` looks at fonts with coloured glyphs alone.
+    /// The fonts that have all of these characters, from the best on: the position of the first one at or after `from`,
+    /// or getCount(). `colored` looks at fonts with coloured glyphs alone.
     std::size_t findCharacters(std::u32string_view characters, bool colored, std::size_t from);
     std::size_t getCount();
 

@@ -25,8 +25,7 @@ bool hasAll(const Face &face, std::u32string_view cluster) {
 } // namespace
 
 FontFallback::FontFallback(FontLibrary &library, ShapingStatistics &statistics)
-    : mLibrary(library), mStatistics(statistics) {
-}
+    : mLibrary(library), mStatistics(statistics) {}
 
 FontFallback::~FontFallback() = default;
 
@@ -103,7 +102,8 @@ Face *FontFallback::findAdded(std::u32string_view cluster, bool colored) const {
 
 Face *FontFallback::findInstalled(std::u32string_view cluster, bool colored) {
     std::u32string visible;
-    std::copy_if(cluster.begin(), cluster.end(), std::back_inserter(visible), [](char32_t c) { return !isInvisible(c); });
+    std::copy_if(cluster.begin(), cluster.end(), std::back_inserter(visible),
+                 [](char32_t c) { return !isInvisible(c); });
     if (visible.empty())
         return nullptr;
     const std::size_t count = mDiscovery.getCount();

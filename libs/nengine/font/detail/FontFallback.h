@@ -18,9 +18,9 @@ namespace nurel::font::detail {
 class Face;
 class FontLibrary;
 
-/// Chooses a face for characters that a text's font has not: the added faces in their order, then the installed fonts. What
-/// was found for a character is remembered, and no more than MAX_INSTALLED installed fonts are ever opened, so a text with
-/// all characters there are cannot exhaust the machine.
+/// Chooses a face for characters that a text's font has not: the added faces in their order, then the installed fonts.
+/// What was found for a character is remembered, and no more than MAX_INSTALLED installed fonts are ever opened, so a
+/// text with all characters there are cannot exhaust the machine.
 class FontFallback {
 public:
     static constexpr std::size_t MAX_INSTALLED = 64;
@@ -43,12 +43,12 @@ public:
     void setSystemFonts(bool enabled);
     bool isSystemFonts() const { return mSystemFonts; }
 
-    /// The face for a cluster: the primary one if it has all of it, else the first that has all of it, else the first that
-    /// has its first character, else the primary one. `colored` prefers faces with coloured glyphs.
+    /// The face for a cluster: the primary one if it has all of it, else the first that has all of it, else the first
+    /// that has its first character, else the primary one. `colored` prefers faces with coloured glyphs.
     Face &find(Face &primary, std::u32string_view cluster, bool colored);
 
-    /// Opens a face of an installed font that was asked for by name, or gives the one that is open; null (with the error
-    /// logged, once) when it cannot be used. Does not count for MAX_INSTALLED.
+    /// Opens a face of an installed font that was asked for by name, or gives the one that is open; null (with the
+    /// error logged, once) when it cannot be used. Does not count for MAX_INSTALLED.
     Face *openInstalled(const FontFile &file);
 
 private:

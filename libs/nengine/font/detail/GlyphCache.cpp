@@ -21,8 +21,7 @@ std::int16_t toShort(int value) {
 
 Strike::Strike(std::shared_ptr<GlyphCacheLink> link, Face &face, unsigned int quarters)
     : mLink(std::move(link)), mFace(&face), mQuarters(quarters),
-      mSubpixel(quarters <= GlyphCache::LARGEST_SUBPIXEL && !face.isColored()) {
-}
+      mSubpixel(quarters <= GlyphCache::LARGEST_SUBPIXEL && !face.isColored()) {}
 
 Strike::~Strike() {
     GlyphCache *cache = mLink->cache;
@@ -63,8 +62,7 @@ GlyphBitmap Strike::makeGlyph(GlyphCache &cache, std::uint32_t glyph, unsigned i
 }
 
 GlyphCache::GlyphCache(texture::Atlas &atlas, ShapingStatistics &statistics)
-    : mAtlas(atlas), mStatistics(statistics), mLink(std::make_shared<GlyphCacheLink>(GlyphCacheLink{this})) {
-}
+    : mAtlas(atlas), mStatistics(statistics), mLink(std::make_shared<GlyphCacheLink>(GlyphCacheLink{this})) {}
 
 GlyphCache::~GlyphCache() {
     mStrikes.clear();

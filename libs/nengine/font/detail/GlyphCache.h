@@ -35,8 +35,8 @@ struct GlyphBitmap {
     bool colored = false;
 };
 
-/// The rasterised glyphs of one face at one size. A mesh holds those that its vertices come from: while it does, they stay
-/// where they are in the atlas, even if the cache has given them up.
+/// The rasterised glyphs of one face at one size. A mesh holds those that its vertices come from: while it does, they
+/// stay where they are in the atlas, even if the cache has given them up.
 class Strike : public ::core::IRefCount {
 public:
     Strike(std::shared_ptr<GlyphCacheLink> link, Face &face, unsigned int quarters);
@@ -44,7 +44,8 @@ public:
     Strike(const Strike &) = delete;
     Strike &operator=(const Strike &) = delete;
 
-    /// Rasterises it at the first call. `bin` is ignored where isSubpixel() is false. Stays valid as long as the strike.
+    /// Rasterises it at the first call. `bin` is ignored where isSubpixel() is false. Stays valid as long as the
+    /// strike.
     const GlyphBitmap &getGlyph(std::uint32_t glyph, unsigned int bin);
 
     /// Pixels an em.
@@ -86,8 +87,8 @@ public:
 
     Strike &getStrike(Face &face, unsigned int quarters);
 
-    /// The size closest to the wanted one for which there are glyphs of this face, if it is less than half as large again
-    /// and more than two thirds; the wanted one otherwise.
+    /// The size closest to the wanted one for which there are glyphs of this face, if it is less than half as large
+    /// again and more than two thirds; the wanted one otherwise.
     unsigned int findNearest(const Face &face, unsigned int quarters) const;
 
     /// Whether a size may stand in for another while that is changing.

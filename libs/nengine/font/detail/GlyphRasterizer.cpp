@@ -49,13 +49,13 @@ void copyColors(const FT_Bitmap &bitmap, GlyphImage &out) {
     }
 }
 
-bool copySlot(const FT_GlyphSlot slot, GlyphImage &out) {
-    const FT_Bitmap &bitmap = slot->bitmap;
+bool copySlot(const FT_GlyphSlotRec &slot, GlyphImage &out) {
+    const FT_Bitmap &bitmap = slot.bitmap;
     out.colored = bitmap.pixel_mode == FT_PIXEL_MODE_BGRA;
     if (!out.colored && bitmap.pixel_mode != FT_PIXEL_MODE_GRAY && bitmap.pixel_mode != FT_PIXEL_MODE_MONO)
         return false;
-    out.left = slot->bitmap_left;
-    out.top = slot->bitmap_top;
+    out.left = slot.bitmap_left;
+    out.top = slot.bitmap_top;
     if (bitmap.width == 0 || bitmap.rows == 0)
         return true;
     out.width = bitmap.width;
@@ -70,7 +70,7 @@ bool copySlot(const FT_GlyphSlot slot, GlyphImage &out) {
 
 // One axis of an area average: which source pixels make a target pixel, and how much of each.
 struct Coverage {
-    int first;
+    int first = 0;
     std::vector<float> weights;
 };
 
@@ -102,10 +102,10 @@ void resample(GlyphImage &image, float ratio) {
     const int y0 = static_cast<int>(std::floor(top));
     const int x1 = static_cast<int>(std::ceil(left + static_cast<float>(image.width) * ratio));
     const int y1 = static_cast<int>(std::ceil(top + static_cast<float>(image.height) * ratio));
-    const auto columns = computeCoverage(static_cast<float>(image.left), ratio, image.width, x0,
-                                         static_cast<unsigned int>(x1 - x0));
-    const auto rows = computeCoverage(static_cast<float>(-image.top), ratio, image.height, y0,
-                                      static_cast<unsigned int>(y1 - y0));
+    const auto columns =
+        computeCoverage(static_cast<float>(image.left), ratio, image.width, x0, static_cast<unsigned int>(x1 - x0));
+    const auto rows =
+        computeCoverage(static_cast<float>(-image.top), ratio, image.height, y0, static_cast<unsigned int>(y1 - y0));
     image.width = static_cast<unsigned int>(columns.size());
     image.height = static_cast<unsigned int>(rows.size());
     image.left = x0;
@@ -116,9 +116,9 @@ void resample(GlyphImage &image, float ratio) {
         for (const Coverage &column : columns) {
             float sum[4] = {};
             for (std::size_t j = 0; j < row.weights.size(); ++j) {
-                const std::uint8_t *from =
-                    source.data() + ((static_cast<std::size_t>(row.first) + j) * sourceWidth +
-                                     static_cast<std::size_t>(column.first)) * 4;
+                const std::uint8_t *from = source.data() + ((static_cast<std::size_t>(row.first) + j) * sourceWidth +
+                                                            static_cast<std::size_t>(column.first)) *
+                                                               4;
                 for (std::size_t i = 0; i < column.weights.size(); ++i, from += 4) {
                     const float weight = row.weights[j] * column.weights[i];
                     for (int channel = 0; channel < 4; ++channel)
@@ -183,14 +183,14 @@ bool GlyphRasterizer::rasterizeAt(const Face &face, std::uint32_t glyph, float s
         FT_Outline_Translate(&slot->outline, static_cast<FT_Pos>(bin * 64 / SUBPIXEL_BINS), 0);
     if (FT_Render_Glyph(slot, FT_RENDER_MODE_LIGHT) != 0)
         return false;
-    return copySlot(slot, out);
+    return copySlot(*slot, out);
 }
 
 bool GlyphRasterizer::rasterizePicture(const Face &face, std::uint32_t glyph, float size, GlyphImage &out) {
     FT_Face raster = face.getRasterFace();
     const int picture = findPictureSize(raster, size);
     if (picture < 0 || FT_Select_Size(raster, picture) != 0 ||
-        FT_Load_Glyph(raster, glyph, FT_LOAD_COLOR | FT_LOAD_RENDER) != 0 || !copySlot(raster->glyph, out))
+        FT_Load_Glyph(raster, glyph, FT_LOAD_COLOR | FT_LOAD_RENDER) != 0 || !copySlot(*raster->glyph, out))
         return false;
     const float ratio = size * FIXED / static_cast<float>(raster->available_sizes[picture].y_ppem);
     if (ratio > 1.0f)

@@ -24,9 +24,9 @@ public:
     /// Positions between two pixels at which a glyph is drawn.
     static constexpr unsigned int SUBPIXEL_BINS = 4;
 
-    /// `quarters` is the size in quarters of a pixel, `bin` the shift to the right in fractions of SUBPIXEL_BINS. An image
-    /// that would be larger than `largestSide` is drawn smaller and tells it in its scale. False, with an empty image, when
-    /// the glyph cannot be drawn.
+    /// `quarters` is the size in quarters of a pixel, `bin` the shift to the right in fractions of SUBPIXEL_BINS. An
+    /// image that would be larger than `largestSide` is drawn smaller and tells it in its scale. False, with an empty
+    /// image, when the glyph cannot be drawn.
     bool rasterize(const Face &face, std::uint32_t glyph, unsigned int quarters, unsigned int bin,
                    unsigned int largestSide, GlyphImage &out);
 

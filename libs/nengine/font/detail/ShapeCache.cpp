@@ -32,8 +32,9 @@ void ShapeCache::put(ShapedParagraph *paragraph) {
 }
 
 void ShapeCache::sweep() {
-    // What is in use costs nothing to keep, since its user holds it anyway. To pass over it not with each new paragraph, more
-    // goes than has to, and where that is not to be had the next sweep waits until there is a quarter more.
+    // What is in use costs nothing to keep, since its user holds it anyway. To pass over it not with each new
+    // paragraph, more goes than has to, and where that is not to be had the next sweep waits until there is a quarter
+    // more.
     constexpr std::size_t ENOUGH = LIMIT - LIMIT / 4;
     for (auto it = mEntries.end(); it != mEntries.begin() && mCost > ENOUGH;) {
         --it;

@@ -11,8 +11,8 @@
 
 namespace nurel::font::detail {
 
-/// The shaped paragraphs of all texts, by font and text. What no text shows any more stays until LIMIT bytes are reached, and
-/// then goes, the longest unused first.
+/// The shaped paragraphs of all texts, by font and text. What no text shows any more stays until LIMIT bytes are
+/// reached, and then goes, the longest unused first.
 class ShapeCache {
 public:
     static constexpr std::size_t LIMIT = 4 * 1024 * 1024;

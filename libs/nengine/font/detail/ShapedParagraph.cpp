@@ -9,8 +9,7 @@
 
 namespace nurel::font::detail {
 
-ShapedParagraph::ShapedParagraph(std::uint32_t idOfFont, std::string utf8) : fontId(idOfFont), text(std::move(utf8)) {
-}
+ShapedParagraph::ShapedParagraph(std::uint32_t idOfFont, std::string utf8) : fontId(idOfFont), text(std::move(utf8)) {}
 
 ShapedParagraph::~ShapedParagraph() = default;
 

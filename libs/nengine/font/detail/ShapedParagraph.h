@@ -54,8 +54,8 @@ public:
     const std::uint32_t fontId;
     const std::string text; ///< UTF-8
     std::uint32_t characterCount = 0;
-    std::uint8_t baseLevel = 0; ///< 0 left to right, 1 right to left
-    float width = 0.0f;         ///< of everything, spaces at the end included
+    std::uint8_t baseLevel = 0;  ///< 0 left to right, 1 right to left
+    float width = 0.0f;          ///< of everything, spaces at the end included
     std::vector<ShapedRun> runs; ///< in logical order, covering all characters
     std::vector<ShapedGlyph> glyphs;
 

@@ -39,8 +39,7 @@ void trim(Vector &scratch) {
 } // namespace
 
 Shaper::Shaper(FontFallback &fallback, TextBoundaries &boundaries)
-    : mFallback(fallback), mBoundaries(boundaries), mBuffer(hb_buffer_create()) {
-}
+    : mFallback(fallback), mBoundaries(boundaries), mBuffer(hb_buffer_create()) {}
 
 Shaper::~Shaper() {
     hb_buffer_destroy(mBuffer);
@@ -164,8 +163,8 @@ void Shaper::appendGlyphs(const Item &item, const std::u32string &characters, Sh
             glyph.advance *= TAB_SPACES;
         out.glyphs.push_back(glyph);
     }
-    out.runs.push_back({item.face, item.first, item.end, firstGlyph, static_cast<std::uint32_t>(out.glyphs.size()),
-                        item.level});
+    out.runs.push_back(
+        {item.face, item.first, item.end, firstGlyph, static_cast<std::uint32_t>(out.glyphs.size()), item.level});
 }
 
 } // namespace nurel::font::detail

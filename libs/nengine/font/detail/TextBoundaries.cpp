@@ -41,7 +41,7 @@ Utf16Text::Utf16Text(const std::u32string &characters) {
         return;
     }
     units.reserve(characters.size() + characters.size() / 2);
-    characterOfUnit.reserve(characters.size() + characters.size() / 2 + 1);
+    mCharacterOfUnit.reserve(characters.size() + characters.size() / 2 + 1);
     std::uint32_t index = 0;
     for (const char32_t c : characters) {
         if (c < 0x10000) {
@@ -49,11 +49,11 @@ Utf16Text::Utf16Text(const std::u32string &characters) {
         } else {
             units.push_back(static_cast<char16_t>(0xd800 + ((c - 0x10000) >> 10)));
             units.push_back(static_cast<char16_t>(0xdc00 + ((c - 0x10000) & 0x3ff)));
-            characterOfUnit.push_back(index);
+            mCharacterOfUnit.push_back(index);
         }
-        characterOfUnit.push_back(index++);
+        mCharacterOfUnit.push_back(index++);
     }
-    characterOfUnit.push_back(index);
+    mCharacterOfUnit.push_back(index);
 }
 
 TextBoundaries::TextBoundaries() = default;

@@ -42,8 +42,8 @@ public:
     /// Drops all glyph bitmaps.
     void rebuildGlyphs();
 
-    /// These change whenever what was shaped, or rasterised, has to be done again, and with every text system there is. Texts
-    /// compare them, many of them each frame.
+    /// These change whenever what was shaped, or rasterised, has to be done again, and with every text system there is.
+    /// Texts compare them, many of them each frame.
     static std::uint32_t getShapeGeneration() { return sShapeGeneration; }
     static std::uint32_t getGlyphGeneration() { return sGlyphGeneration; }
 

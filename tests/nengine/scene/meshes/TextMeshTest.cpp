@@ -95,8 +95,8 @@ TEST_F(TextMeshTest, TheScaleIsAFactorOnTheFontsSize) {
 
 TEST_F(TextMeshTest, AScaleThatIsNoneGivesNoSize) {
     const Text mesh = make("nn nn", {20, -1});
-    for (const float scale : {0.0f, -1.0f, std::numeric_limits<float>::quiet_NaN(),
-                              std::numeric_limits<float>::infinity()}) {
+    for (const float scale :
+         {0.0f, -1.0f, std::numeric_limits<float>::quiet_NaN(), std::numeric_limits<float>::infinity()}) {
         mesh->setScale(scale);
         EXPECT_EQ(mesh->getScale(), 0.0f);
         EXPECT_EQ(mesh->getExtents(), Vector2::ZERO);
@@ -172,8 +172,7 @@ TEST_F(TextMeshTest, LineEndsOfAllKindsEndAParagraph) {
     const float top = mesh->getCharacterPosition(0).y;
     const unsigned int letters[] = {0, 2, 5, 7, 9, 11};
     for (unsigned int line = 0; line < 6; ++line)
-        expectNear(mesh->getCharacterPosition(letters[line]),
-                   {left(mesh), top + static_cast<float>(line) * getLine()});
+        expectNear(mesh->getCharacterPosition(letters[line]), {left(mesh), top + static_cast<float>(line) * getLine()});
 }
 
 TEST_F(TextMeshTest, LineSpacingIsAFactorAndParagraphSpacingIsAddedBetweenParagraphs) {
@@ -314,8 +313,8 @@ TEST_F(TextMeshTest, TakesItsOwnTextAndPartsOfIt) {
 }
 
 TEST_F(TextMeshTest, CountsCharactersAsTheRestOfTheSystemDoes) {
-    for (const char *text : {"", "abc", "äöü", "漢字", "😀", "a\xff\xfe", "\xe2\x80", "\xf0\x9f\x98", "a\r\nb\xe2\x80\xa8",
-                             "\xc3\n\xa9", "\xe2\n\x80\xa8", "\xed\xa0\x80"}) {
+    for (const char *text : {"", "abc", "äöü", "漢字", "😀", "a\xff\xfe", "\xe2\x80", "\xf0\x9f\x98",
+                             "a\r\nb\xe2\x80\xa8", "\xc3\n\xa9", "\xe2\n\x80\xa8", "\xed\xa0\x80"}) {
         const Text mesh = make(text);
         EXPECT_EQ(mesh->getCharacterCount(), ::text::getUTF8Length(text)) << testing::PrintToString(text);
         // The end is reached by walking over all characters: both counts go the same way.

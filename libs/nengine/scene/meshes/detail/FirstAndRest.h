@@ -17,7 +17,7 @@ public:
     const T &operator[](std::size_t index) const { return index == 0 ? mFirst : mRest[index - 1]; }
     const T &back() const { return (*this)[size() - 1]; }
 
-    void push_back(T value) {
+    void add(T value) {
         if (mHasFirst) {
             mRest.push_back(std::move(value));
         } else {

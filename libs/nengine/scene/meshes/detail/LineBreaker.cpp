@@ -7,13 +7,12 @@
 namespace nurel::scene::meshes::detail {
 
 LineBreaker::LineBreaker(font::detail::TextSystem &system, float limit, TextLayout &out)
-    : mSystem(system), mLimit(limit), mOut(out) {
-}
+    : mSystem(system), mLimit(limit), mOut(out) {}
 
 void LineBreaker::breakParagraph(const ShapedParagraph &shape, std::uint32_t paragraph) {
     mCount = shape.characterCount;
     if (fits(static_cast<double>(shape.width), mLimit)) {
-        mOut.lines.push_back({paragraph, 0, mCount, mCount, shape.width, 0.0f});
+        mOut.lines.add({paragraph, 0, mCount, mCount, shape.width, 0.0f});
         mOut.width = std::max(mOut.width, shape.width);
         return;
     }
@@ -64,8 +63,8 @@ void LineBreaker::addLine(std::uint32_t paragraph, std::uint32_t first, std::uin
         width = std::max(width, std::min(full, static_cast<double>(mLimit)));
         contentEnd = end;
     }
-    mOut.lines.push_back({paragraph, first, contentEnd, end, static_cast<float>(width),
-                          static_cast<float>(std::max(0.0, full - width))});
+    mOut.lines.add({paragraph, first, contentEnd, end, static_cast<float>(width),
+                    static_cast<float>(std::max(0.0, full - width))});
     mOut.width = std::max(mOut.width, static_cast<float>(width));
 }
 

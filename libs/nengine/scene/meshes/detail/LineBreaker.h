@@ -7,9 +7,9 @@
 
 namespace nurel::scene::meshes::detail {
 
-/// Breaks paragraphs into lines of a limited width: as much on each line as goes on it, up to the last place where the rules
-/// of Unicode let a line break, and inside a word only where that alone is wider than a line. Its time is in proportion to
-/// the text.
+/// Breaks paragraphs into lines of a limited width: as much on each line as goes on it, up to the last place where the
+/// rules of Unicode let a line break, and inside a word only where that alone is wider than a line. Its time is in
+/// proportion to the text.
 class LineBreaker {
 public:
     /// The limit is in em and not negative.
@@ -29,7 +29,9 @@ private:
     std::uint32_t findForcedEnd(std::uint32_t first, std::uint32_t overflow) const;
     void addLine(std::uint32_t paragraph, std::uint32_t first, std::uint32_t end);
 
-    bool is(std::uint32_t character, std::uint8_t boundary) const { return ((*mBoundaries)[character] & boundary) != 0; }
+    bool is(std::uint32_t character, std::uint8_t boundary) const {
+        return ((*mBoundaries)[character] & boundary) != 0;
+    }
     double getWidth(std::uint32_t first, std::uint32_t end) const { return mSums[end] - mSums[first]; }
 
     font::detail::TextSystem &mSystem;

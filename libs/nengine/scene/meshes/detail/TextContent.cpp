@@ -33,9 +33,8 @@ LineEnd findLineEnd(std::string_view text) {
 
 // The last run that begins at or before the character.
 std::size_t findRun(const ShapedParagraph &shape, std::uint32_t character) {
-    const auto after = std::partition_point(shape.runs.begin(), shape.runs.end(), [&](const ShapedRun &run) {
-        return run.firstCharacter <= character;
-    });
+    const auto after = std::partition_point(shape.runs.begin(), shape.runs.end(),
+                                            [&](const ShapedRun &run) { return run.firstCharacter <= character; });
     return after == shape.runs.begin() ? 0 : static_cast<std::size_t>(after - shape.runs.begin()) - 1;
 }
 
@@ -67,7 +66,7 @@ TextContent::TextContent(const font::Font &font, std::string_view utf8, font::de
     if (system)
         shape(font, utf8, *system);
     else
-        mParagraphs.push_back({});
+        mParagraphs.add({});
     layOutNaturally();
 }
 
@@ -81,7 +80,7 @@ void TextContent::shape(const font::Font &font, std::string_view utf8, font::det
         paragraph.shape = system.shape(font, utf8.substr(0, end.at));
         paragraph.firstCharacter = character;
         character += paragraph.getCount() + end.characters;
-        mParagraphs.push_back(std::move(paragraph));
+        mParagraphs.add(std::move(paragraph));
         if (end.bytes == 0)
             return;
         utf8.remove_prefix(end.at + end.bytes);
@@ -93,7 +92,7 @@ void TextContent::layOutNaturally() {
         const TextParagraph &paragraph = mParagraphs[i];
         const std::uint32_t count = paragraph.getCount();
         const float width = paragraph.shape ? paragraph.shape->width : 0.0f;
-        mNatural.lines.push_back({i, 0, count, count, width, 0.0f});
+        mNatural.lines.add({i, 0, count, count, width, 0.0f});
         mNatural.width = std::max(mNatural.width, width);
     }
 }
@@ -113,7 +112,7 @@ const TextLayout &TextContent::getLayout(float limit, font::detail::TextSystem *
         if (const ShapedParagraph *paragraph = mParagraphs[i].shape.get())
             breaker.breakParagraph(*paragraph, i);
         else
-            mWrapped->lines.push_back(mNatural.lines[i]);
+            mWrapped->lines.add(mNatural.lines[i]);
     }
     return *mWrapped;
 }
@@ -131,9 +130,9 @@ float TextContent::getPieces(const TextLine &line, TextPieces &out) const {
         const std::uint32_t contentEnd = std::min(run.endCharacter, line.contentEnd);
         const std::uint32_t end = std::min(run.endCharacter, line.end);
         if (first < contentEnd)
-            out.push_back({&run, first, contentEnd, run.level});
+            out.add({&run, first, contentEnd, run.level});
         if (std::max(first, contentEnd) < end) // hanging spaces run the paragraph's way
-            out.push_back({&run, std::max(first, contentEnd), end, shape->baseLevel});
+            out.add({&run, std::max(first, contentEnd), end, shape->baseLevel});
     }
     reorder(out);
     return shape->baseLevel != 0 ? -line.hang : 0.0f;
@@ -147,14 +146,13 @@ TextContent::Place TextContent::findPlace(const TextLayout &layout, std::uint32_
         (mParagraphs[middle].firstCharacter <= character ? low : high) = middle;
     }
     const auto paragraph = static_cast<std::uint32_t>(low);
-    const std::uint32_t inside =
-        std::min(character - mParagraphs[low].firstCharacter, mParagraphs[low].getCount());
+    const std::uint32_t inside = std::min(character - mParagraphs[low].firstCharacter, mParagraphs[low].getCount());
     std::size_t line = 0;
     for (std::size_t high = layout.lines.size(); high - line > 1;) {
         const std::size_t middle = (line + high) / 2;
         const TextLine &candidate = layout.lines[middle];
-        const bool isAfter = candidate.paragraph > paragraph ||
-                             (candidate.paragraph == paragraph && candidate.first > inside);
+        const bool isAfter =
+            candidate.paragraph > paragraph || (candidate.paragraph == paragraph && candidate.first > inside);
         (isAfter ? high : line) = middle;
     }
     return {&layout.lines[line], line, inside};

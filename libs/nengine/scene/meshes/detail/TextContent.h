@@ -73,8 +73,8 @@ public:
     /// The pieces of a line, and where the first of them begins relative to the line's left edge, in em.
     float getPieces(const TextLine &line, TextPieces &out) const;
 
-    /// Which line a character of the text is in, and which of its paragraph's characters it is; a line end belongs to the last
-    /// line of its paragraph.
+    /// Which line a character of the text is in, and which of its paragraph's characters it is; a line end belongs to
+    /// the last line of its paragraph.
     struct Place {
         const TextLine *line;
         std::size_t lineIndex;
@@ -82,8 +82,8 @@ public:
     };
     Place findPlace(const TextLayout &layout, std::uint32_t character) const;
 
-    /// Where the caret stands in a line, from the line's left edge in em: in front of the character, or after it where the line
-    /// ends with it.
+    /// Where the caret stands in a line, from the line's left edge in em: in front of the character, or after it where
+    /// the line ends with it.
     float getCaret(const TextLine &line, std::uint32_t character) const;
 
 private:

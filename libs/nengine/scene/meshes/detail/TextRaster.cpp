@@ -43,9 +43,9 @@ bool isSame(float a, float b) {
 
 /// How glyph pixels become vertices.
 struct TextRaster::Fit {
-    double em;     ///< units of the mesh
-    double texel;  ///< units of the mesh that a glyph's pixel takes, where it is not one of the screen
-    bool onPixels; ///< glyph pixels are those of the screen
+    double em = 0.0;       ///< units of the mesh
+    double texel = 0.0;    ///< units of the mesh that a glyph's pixel takes, where it is not one of the screen
+    bool onPixels = false; ///< glyph pixels are those of the screen
     DeviceView view;
 };
 
@@ -69,7 +69,7 @@ struct TextRaster::Target {
             if (others[i] == bitmap.region.page)
                 return false;
         }
-        others.push_back(bitmap.region.page);
+        others.add(bitmap.region.page);
         return false;
     }
 };
@@ -150,7 +150,7 @@ Strike &TextRaster::needStrike(font::detail::Face &face, unsigned int quarters, 
         if (used[i] == &strike)
             return strike;
     }
-    used.push_back(&strike);
+    used.add(&strike);
     return strike;
 }
 
@@ -230,8 +230,8 @@ void TextRaster::buildRun(const ShapedParagraph &shape, const TextPiece &piece, 
             const float dv = 0.5f * (region.v1 - region.v0) / static_cast<float>(region.h);
             target.out.addQuad(static_cast<float>(x0), static_cast<float>(y0),
                                static_cast<float>(x0 + (width + 2 * edge) * fit.texel),
-                               static_cast<float>(y0 + (height + 2 * edge) * fit.texel), region.u0 - du,
-                               region.v0 - dv, region.u1 + du, region.v1 + dv);
+                               static_cast<float>(y0 + (height + 2 * edge) * fit.texel), region.u0 - du, region.v0 - dv,
+                               region.u1 + du, region.v1 + dv);
         }
     }
 }

@@ -41,7 +41,7 @@ struct DeviceView {
 struct TextPlacement {
     float em = 0.0f; ///< units of the mesh
     float left = 0.0f;
-    float top = 0.0f;      ///< of the box
+    float top = 0.0f; ///< of the box
     float boxWidth = 0.0f;
     float alignment = 0.0f; ///< share of what a line leaves free that is on its left
     float ascent = 0.0f;
@@ -58,9 +58,9 @@ struct TextPlacement {
 
 /// The glyphs that a mesh is drawn with. Made when it is drawn first.
 ///
-/// Glyphs are rasterised for the size that reaches the screen, and upright ones are placed on whole pixels. While that size
-/// changes from frame to frame, glyphs of a size close to it are stretched; once it has held still for SETTLE_FRAMES updates
-/// the mesh is built with glyphs of just this size.
+/// Glyphs are rasterised for the size that reaches the screen, and upright ones are placed on whole pixels. While that
+/// size changes from frame to frame, glyphs of a size close to it are stretched; once it has held still for
+/// SETTLE_FRAMES updates the mesh is built with glyphs of just this size.
 class TextRaster {
 public:
     static constexpr std::uint8_t SETTLE_FRAMES = 2;

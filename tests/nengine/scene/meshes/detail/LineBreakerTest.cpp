@@ -62,9 +62,9 @@ private:
 class LineBreakerTest : public test::TextTest {};
 
 TEST_F(LineBreakerTest, BreaksRandomTextsAsThePlainWayDoes) {
-    const std::vector<std::string> parts = {"n",  "nn", "word", " ",        "  ",           "-",  "ffi",
-                                            "é", "e\xcc\x81", "漢", "。", "שלום", "\t", "(", ")",  "\xc2\xa0",
-                                            "\xe2\x80\x8b", "12,5", "/"};
+    const std::vector<std::string> parts = {"n", "nn",        "word",         " ",    "  ",   "-",  "ffi",
+                                            "é", "e\xcc\x81", "漢",           "。",   "שלום", "\t", "(",
+                                            ")", "\xc2\xa0",  "\xe2\x80\x8b", "12,5", "/"};
     std::mt19937 random(11);
     for (int i = 0; i < 500; ++i) {
         std::string utf8;

@@ -37,7 +37,11 @@ CallbackList::Entry *CallbackList::Pass::live(Entry *entry) const {
 }
 
 CallbackList::~CallbackList() {
-    destroyChain(std::exchange(mHead, nullptr));
+    ++mPasses; // the destructors of captures may come back to the list, which must not end it once more
+    while (mHead) {
+        mTail = nullptr;
+        destroyChain(std::exchange(mHead, nullptr));
+    }
 }
 
 void CallbackList::abandon(CallbackList *list) {

@@ -49,13 +49,18 @@ class Singleton : public Singleton_Middle<T, Policy, 0, 0> {
 public:
     /// Destroys the object. It still answers to getSingleton() while its destructor runs; a later use makes a new one.
     static void deleteSingleton() {
-        if (T *object = Singleton_Base<T, 0, Policy>::mObject) {
-            deleteObject(object);
-            Singleton_Base<T, 0, Policy>::setObject(nullptr);
-        }
+        T *object = Singleton_Base<T, 0, Policy>::mObject;
+        if (!object || mDeleting)
+            return; // it is on its way already
+        mDeleting = true;
+        deleteObject(object);
+        mDeleting = false;
+        Singleton_Base<T, 0, Policy>::setObject(nullptr);
     }
 
 private:
+    static inline constinit bool mDeleting = false;
+
     static void deleteObject(T *object) { delete object; }
 };
 

@@ -37,6 +37,8 @@ void Component::leaveManager() noexcept {
             manager->checkComponentRemoval(this);
     } catch (const std::exception &exception) {
         logging::Logger::mROOT_LOGGER.error("A callback failed while %s was destroyed", exception, getName());
+    } catch (...) {
+        logging::Logger::mROOT_LOGGER.error("A callback failed while %s was destroyed", getName());
     }
 }
 

@@ -314,7 +314,7 @@ public:
     // --- State
 
     unsigned int getState() const { return mState; }
-    /// The flags of the mask that are set are not none.
+    /// Whether any flag of the mask is set.
     bool hasState(unsigned int mask) const { return (mState & mask) != 0; }
 
     /// A call with the value in force does nothing at all.
@@ -379,7 +379,7 @@ public:
     math::Vector3 getMeshColor();
     void setMeshColor(const math::Vector3 &color);
     void setMeshProperty(scene::Property *property);
-    /// Null for a stage that is empty or that there is not.
+    /// Null for a stage that is empty or does not exist.
     texture::Texture *getMeshTexture(unsigned int stage);
     void setMeshTexture(texture::Texture *texture, unsigned int stage);
     /// The texture of that name from the pool; an unknown one clears the stage.

@@ -64,7 +64,7 @@ void Component::cloneMesh(Component &target) const {
     options.put(scene::Property::TYPE, new scene::PropertyCO(0xffff));
     options.put(geometry::MeshData::TYPE, new geometry::MeshDataCO(0, true));
     core::SmartPtr<core::Object> copy(mMesh->clone(options));
-    if (copy->instanceOf(scene::Mesh::TYPE))
+    if (copy && copy->instanceOf(scene::Mesh::TYPE))
         target.mMesh = static_cast<scene::Mesh *>(copy.get());
 }
 

@@ -71,20 +71,21 @@ void Component::updateContent() {
 }
 
 void Component::updateView() {
-    if (!mView)
+    const core::SmartPtr<ComponentView> view = mView; // an override may drop it
+    if (!view)
         return;
-    mView->updateView();
+    view->updateView();
     setClean(DIRTY_STYLE | DIRTY_VIEW);
 }
 
 void Component::update() {
+    const Keeper self(this);
     // Hidden: 0x04 and 0x20 stay, so that the work is done when it is shown. Only the own flag counts here.
     if (!mVisible) {
         if (isDirty(DIRTY_VIEW))
             updateView();
         return;
     }
-    const Keeper self(this);
     const math::Vector2 before = mSize;
     for (int pass = 0; pass < 3; ++pass) {
         if (isDirty(DIRTY_POSITION))

@@ -177,6 +177,8 @@ void Component::onDragCancel() {}
 Component *Component::hitTest(const Ray &ray, math::Vector3 &point) {
     if (!mView || !isEnabled())
         return nullptr;
+    if (mWorldScale.x == 0 || mWorldScale.y == 0) // it has no area, and no way back from the screen to it
+        return nullptr;
     const math::Matrix4 toLocal = mView->getWorldInverseTransform();
     const math::Vector4 direction = toLocal * ray.direction;
     const math::Vector3 origin = toLocal * ray.origin;

@@ -24,7 +24,7 @@ scene::Property *getDepthProperty() {
     return SHARED.get();
 }
 
-/// Frames that are no views of a component stand below all of them.
+/// Frames that are no views of a component count as z-index 0.
 int zIndexOf(const scene::Frame &frame) {
     if (!frame.instanceOf(ComponentView::TYPE))
         return 0;

@@ -184,6 +184,7 @@ private:
     math::Vector2 mBaseScrollOffset = math::Vector2(0, 0); ///< as asked for; in force where there is nothing to scroll
     math::Vector2 mScrollOffset = math::Vector2(0, 0);
     bool mClipChildren = true;
+    bool mIsUnsorted = false; ///< a child was appended below the one before it
     ScrollInfo mScrollInfoH;
     ScrollInfo mScrollInfoV;
     math::Vector2 mScrollMin = math::Vector2(0, 0);

@@ -56,11 +56,14 @@ void Container::_addChild(Component *child, bool useLayout) {
 
 void Container::insertByZIndex(Component *child) {
     auto position = mChildren.end();
-    if (child->mZIndex < mZIndexMax) {
+    if (child->mZIndex >= mZIndexMax) {
+        if (!mChildren.empty() && mChildren.back()->mZIndex > child->mZIndex)
+            mIsUnsorted = true;
+    } else {
         const auto isAbove = [child](const core::SmartPtr<Component> &other) {
             return other->mZIndex > child->mZIndex;
         };
-        position = isDirty(DIRTY_ZORDER) // not sorted as yet
+        position = isDirty(DIRTY_ZORDER) || mIsUnsorted
                        ? std::find_if(mChildren.begin(), mChildren.end(), isAbove)
                        : std::partition_point(mChildren.begin(), mChildren.end(),
                                               [&](const auto &other) { return !isAbove(other); });
@@ -95,8 +98,6 @@ void Container::removeChildAt(unsigned int index) {
     if (!hasChild(child.get()))
         return;
     detachView(*child);
-    if (mLayout)
-        mLayout->removeComponent(child.get());
     detachAt(static_cast<std::size_t>(getChildIndex(child.get())));
     updateZIndexRangeAfterRemoval(child->mZIndex);
     setDirty(DIRTY_VIEW | DIRTY_CONTENT);
@@ -106,18 +107,22 @@ void Container::clearChildren() {
     if (mLayout)
         mLayout->clearComponents();
     const Keeper self(this);
-    const std::vector<core::SmartPtr<Component>> announced = mChildren; // callbacks may change the list
-    for (const auto &child : announced)
+    // They leave one by one. What a callback adds meanwhile is a child like any other and stays.
+    std::vector<core::SmartPtr<Component>> leaving;
+    leaving.swap(mChildren);
+    mIsUnsorted = false;
+    for (const auto &child : leaving) {
         announceRemoval(*child);
-    std::vector<core::SmartPtr<Component>> removed;
-    removed.swap(mChildren);
+        if (child->mParent == this)
+            child->setParent(nullptr);
+    }
+    for (auto child = leaving.rbegin(); child != leaving.rend(); ++child) {
+        if (!(*child)->mParent)
+            detachView(**child); // the last first: nothing has to move up
+    }
+    setScrollOffset(math::Vector2(0, 0));
     mScrollInfoH.bar = nullptr;
     mScrollInfoV.bar = nullptr;
-    for (auto child = removed.rbegin(); child != removed.rend(); ++child)
-        detachView(**child); // the last first: nothing has to move up
-    for (const auto &child : removed)
-        child->setParent(nullptr);
-    setScrollOffset(math::Vector2(0, 0));
     mZIndexMin = 0; // the maximum keeps its value
     setDirty(DIRTY_VIEW | DIRTY_CONTENT);
 }
@@ -128,7 +133,10 @@ void Container::detachView(Component &child) {
 }
 
 void Container::detachAt(std::size_t index) {
-    mChildren[index]->setParent(nullptr);
+    const core::SmartPtr<Component> child = mChildren[index];
+    if (mLayout) // a callback may have put it back
+        mLayout->removeComponent(child.get());
+    child->setParent(nullptr);
     mChildren.erase(mChildren.begin() + static_cast<std::ptrdiff_t>(index));
 }
 
@@ -178,6 +186,7 @@ void Container::updateZIndexRangeAfterRemoval(int zIndex) {
 
 void Container::applyZIndex() {
     std::stable_sort(mChildren.begin(), mChildren.end(), isBelow);
+    mIsUnsorted = false;
     setClean(DIRTY_ZORDER);
     if (hasView())
         getView()->applyZIndex();

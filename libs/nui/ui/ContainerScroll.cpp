@@ -173,8 +173,9 @@ void Container::updateBar(Axis axis) {
     if (!info.bar)
         info.bar = createBar(axis);
     const core::SmartPtr<Component> bar(info.bar);
-    // One that was made before there were views gets its view now.
-    if (hasView() && !bar->hasView())
+    // One that was made before there were views gets its view now; one that was left out while nothing was to be
+    // scrolled comes back.
+    if (hasView() && (!bar->hasView() || bar->getView()->getParent() != getView()->getContent()))
         getView()->componentAdded(bar.get());
     bar->setVisible(true);
     math::Vector2 barSize = bar->getNaturalSize();

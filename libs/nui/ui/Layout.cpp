@@ -42,6 +42,8 @@ void Layout::setOwner(Container *owner) {
         return;
     clearComponents();
     mOwner = owner;
+    if (owner && owner->getLayout() != this)
+        noteStranger();
 }
 
 void Layout::addComponent(Component *component) {
@@ -88,14 +90,17 @@ void Layout::clearIgnores() {
 }
 
 void Layout::componentDestroyed(Component *component) noexcept {
-    for (Layout *layout = mSTRANGERS; layout; layout = layout->mNextStranger)
+    for (Layout *layout = mSTRANGERS; layout; layout = layout->mNextStranger) {
         layout->removeComponent(component);
+        if (layout->mOwner == component)
+            layout->mOwner = nullptr;
+    }
 }
 
 void Layout::noteStranger() {
-    if (mHamSTRANGERS)
+    if (mHasStrangers)
         return;
-    mHamSTRANGERS = true;
+    mHasStrangers = true;
     mNextStranger = mSTRANGERS;
     if (mSTRANGERS)
         mSTRANGERS->mPreviousStranger = this;
@@ -103,9 +108,9 @@ void Layout::noteStranger() {
 }
 
 void Layout::forgetStrangers() {
-    if (!mHamSTRANGERS)
+    if (!mHasStrangers)
         return;
-    mHamSTRANGERS = false;
+    mHasStrangers = false;
     (mPreviousStranger ? mPreviousStranger->mNextStranger : mSTRANGERS) = mNextStranger;
     if (mNextStranger)
         mNextStranger->mPreviousStranger = mPreviousStranger;

@@ -95,12 +95,13 @@ private:
     std::set<Component *, std::less<>> mManaged;
     std::list<Component *> mOrdered;
 
-    // The layouts that hold a component which was no child of their owner when it came are chained, so that the death
-    // of such a component finds them. A child of the owner needs no such search: its container tells the layout.
+    // The layouts that hold a component which was no child of their owner when it came, and those whose owner does not
+    // hold them, are chained, so that the death of such a component or owner finds them. A child of the owner needs no
+    // such search: its container tells the layout.
     static Layout *mSTRANGERS;
     Layout *mPreviousStranger = nullptr;
     Layout *mNextStranger = nullptr;
-    bool mHamSTRANGERS = false;
+    bool mHasStrangers = false;
 };
 
 } // namespace nurel::ui

@@ -9,7 +9,32 @@ namespace nurel::ui {
 
 constinit const core::Type UIEventHandler::TYPE("UIEventHandler", &core::NamedObject::TYPE);
 
+thread_local UIEventHandler::Keeper *UIEventHandler::Keeper::mInnermost = nullptr;
+
+bool UIEventHandler::Keeper::isHeldByKeepersOnly(const core::IRefCount *object) {
+    for (const Keeper *keeper = mInnermost; keeper; keeper = keeper->mOuter) {
+        if (static_cast<const core::IRefCount *>(keeper->mHandler) == object)
+            return true;
+    }
+    return false;
+}
+
+UIEventHandler::Keeper::Keeper(UIEventHandler *handler)
+    : mHandler(handler), mCounted(handler && handler->getRefCount() != 0 && !isHeldByKeepersOnly(handler)) {
+    if (!mHandler)
+        return;
+    mHandler->addRef();
+    if (!mCounted)
+        mOuter = std::exchange(mInnermost, this);
+}
+
 UIEventHandler *UIEventHandler::Keeper::release() {
+    if (mHandler && !mCounted) {
+        Keeper **link = &mInnermost;
+        while (*link != this)
+            link = &(*link)->mOuter;
+        *link = mOuter;
+    }
     UIEventHandler *handler = std::exchange(mHandler, nullptr);
     if (handler && handler->decRef() == 0 && mCounted) {
         handler->dispose();

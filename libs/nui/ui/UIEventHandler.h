@@ -71,14 +71,13 @@ public:
     void _clone(core::Object *target, core::CloningOptions &options) const override;
 
 protected:
+    friend class UIManager; // asks the keepers
+
     /// Keeps a handler in memory for a while that its own callbacks might destroy. An object that no SmartPtr holds,
     /// such as one on the stack, stays its owner's. Holding null is allowed.
     class Keeper {
     public:
-        explicit Keeper(UIEventHandler *handler) : mHandler(handler), mCounted(handler && handler->getRefCount() != 0) {
-            if (mHandler)
-                mHandler->addRef();
-        }
+        explicit Keeper(UIEventHandler *handler);
         ~Keeper() { release(); }
         Keeper(const Keeper &) = delete;
         Keeper &operator=(const Keeper &) = delete;
@@ -86,9 +85,14 @@ protected:
         /// Ends the keeping; the handler, or null if it is gone by that.
         UIEventHandler *release();
 
+        /// Whether nothing but keepers holds the object: it must not be disposed of.
+        static bool isHeldByKeepersOnly(const core::IRefCount *object);
+
     private:
         UIEventHandler *mHandler;
         bool mCounted;
+        Keeper *mOuter = nullptr; ///< the next keeper of this thread whose object is nobody else's
+        static thread_local Keeper *mInnermost;
     };
 
     /// Act on one event and return who consumed it. The base asks the next link.

@@ -55,7 +55,7 @@ constexpr Creatable CREATABLE_CLASSES[] = {
     {layouts::FlowLayout::TYPE, create<layouts::FlowLayout>},
 };
 
-constexpr unsigned int NO_SUBSCRIPTION = 0xffffffff;
+constexpr unsigned int NO_SUBSCRIPTION = 0xffff;
 
 // The camera stands so far from the plane z = 0 that one unit there is one pixel.
 constexpr float CAMERA_DISTANCE = 1000;
@@ -185,7 +185,7 @@ void UIManager::releaseRest() {
 }
 
 void UIManager::keepForPass(const core::IRefCount *object) {
-    if (!object || object->getRefCount() == 0)
+    if (!object || object->getRefCount() == 0 || UIEventHandler::Keeper::isHeldByKeepersOnly(object))
         return; // nobody's, or somebody's on the stack
     const core::Lock lock(mLock);
     if (!mRemovals || !mRemovals->contains(object))

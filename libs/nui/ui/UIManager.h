@@ -21,6 +21,7 @@
 #include <list>
 #include <memory>
 #include <string>
+#include <thread>
 #include <utility>
 #include <vector>
 
@@ -237,7 +238,7 @@ private:
     struct WidgetQueueEntry {
         enum Action { ADD = 0, REMOVE = 1, CLEAR = 2 };
 
-        int action;
+        Action action;
         core::SmartPtr<Widget> widget;
     };
 
@@ -293,7 +294,7 @@ private:
     void move(InputPass &pass);
     void hover(InputPass &pass);
     void beginDrag(const InputPass &pass);
-    void drag(const InputPass &pass);
+    void drag(const InputPass &pass, const CursorPosition &from);
     void leaveHovered(const Pointer &pointer);
     void cancelMouseAction();
     void _keyboardCallback(input::Keyboard::KeyboardCallBackInfo &info);
@@ -342,7 +343,7 @@ private:
     Contexts mCancelQueue;
 
     EventObserver mEventObserver;
-    unsigned int mKeyboardSubscription = 0xffffffff;
+    unsigned int mKeyboardSubscription = 0xffff;
     unsigned int mResizeSubscription = 0;
     StageCallbacks mStageCallbacks;
     float mTime = 0;
@@ -350,6 +351,7 @@ private:
 
     // What is under way: operations inside one another, what they keep, and the components that are being removed.
     std::atomic<int> mActivities{0};
+    const std::thread::id mFrameThread = std::this_thread::get_id();
     std::vector<core::SmartPtr<const core::IRefCount>> mKept;
     const Removal *mRemovals = nullptr;
     std::atomic<bool> mShutdownRequested{false};

@@ -85,10 +85,9 @@ void UIManager::takeFocusAway(Component *successor) {
         Component *focus = mFocus;
         if (!focus || focus == successor)
             return;
+        const detail::ForgetScope loss(mFocus);
         handleEvent(focus, FocusEvent(FocusEvent::FOCUS_LOST));
         focus->disableState(Component::STATE_FOCUSED);
-        if (mFocus == focus)
-            mFocus = nullptr;
     }
     mFocus = nullptr;
 }
@@ -104,9 +103,8 @@ void UIManager::setEnabled(bool enabled) {
     mButtonQueue.clear();
     if (Component *focus = mFocus) {
         // The component keeps STATE_FOCUSED, though it has the focus no more.
+        const detail::ForgetScope loss(mFocus);
         handleEvent(focus, FocusEvent(FocusEvent::FOCUS_LOST));
-        if (mFocus == focus)
-            mFocus = nullptr;
     }
 }
 
@@ -161,16 +159,18 @@ void UIManager::checkComponentRemoval(Component *component) {
         mPressed = nullptr;
     if (mHovered == component)
         mHovered = nullptr;
-    if (mFocus == component)
-        setFocus(nullptr);
     if (mDragging == component)
         mDragging = nullptr;
+    if (mFocus == component)
+        setFocus(nullptr);
     // A class derived from Container is not walked: what has the focus inside a panel that is removed keeps it. So only
     // a container in its destructor tells for its children.
     if (&component->getType() == &Container::TYPE) {
         const Container *container = static_cast<Container *>(component);
-        for (unsigned int i = 0; i < container->getChildCount(); ++i)
-            checkComponentRemoval(container->getChildAt(i));
+        for (unsigned int i = 0; i < container->getChildCount(); ++i) {
+            const core::SmartPtr<Component> child(container->getChildAt(i)); // its listener may remove it
+            checkComponentRemoval(child.get());
+        }
     }
 }
 

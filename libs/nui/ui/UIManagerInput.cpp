@@ -168,6 +168,7 @@ void UIManager::press(InputPass &pass) {
 void UIManager::release(InputPass &pass) {
     const Pointer &pointer = pass.pointer;
     if (Component *pressed = mPressed) {
+        const detail::ForgetScope released(mPressed);
         const MouseEvent event(pointer.ray, pointer.cursor, MouseEvent::MOUSE_RELEASE, LEFT_BUTTON, 1);
         pass.target = handleEvent(pressed, event);
         if (mPressed == pressed) { // else it was removed by its own handler
@@ -176,26 +177,24 @@ void UIManager::release(InputPass &pass) {
             math::Vector3 point;
             if (!scrolled && pressed->hitTest(pointer.ray, point))
                 handleEvent(pressed, ClickEvent(pointer.ray, pointer.cursor, mPressPosition));
-            if (mPressed == pressed)
-                mPressed = nullptr;
         }
     }
     if (Component *dragging = mDragging) {
+        const detail::ForgetScope ended(mDragging);
         const DragEvent event(pointer.ray, pointer.cursor, DragEvent::DRAG_END, math::Vector2::ZERO);
         pass.target = handleEvent(dragging, event);
-        if (mDragging == dragging)
-            mDragging = nullptr;
     }
 }
 
 void UIManager::move(InputPass &pass) {
+    const CursorPosition from = mLastCursor;
+    mLastCursor = pass.pointer.cursor; // ahead of the handlers: one that runs another pass does not move twice
     if (mDragging)
-        drag(pass);
+        drag(pass, from);
     else if (mPressed)
         beginDrag(pass);
     else
         hover(pass);
-    mLastCursor = pass.pointer.cursor;
 }
 
 void UIManager::hover(InputPass &pass) {
@@ -204,8 +203,11 @@ void UIManager::hover(InputPass &pass) {
     pass.target = handleEvent(pass.target, HoverEvent(pointer.ray, pointer.cursor, HoverEvent::HOVER_MOVE));
     if (pass.target == mHovered)
         return;
-    if (mHovered)
-        handleEvent(mHovered, HoverEvent(pointer.ray, pointer.cursor, HoverEvent::HOVER_LEAVE));
+    if (Component *left = mHovered) {
+        handleEvent(left, HoverEvent(pointer.ray, pointer.cursor, HoverEvent::HOVER_LEAVE));
+        if (mHovered && mHovered != left)
+            return; // a handler has run another pass, which entered something
+    }
     if (pass.target)
         handleEvent(pass.target, HoverEvent(pointer.ray, pointer.cursor, HoverEvent::HOVER_ENTER));
     mHovered = pass.target;
@@ -224,11 +226,11 @@ void UIManager::beginDrag(const InputPass &pass) {
     }
 }
 
-void UIManager::drag(const InputPass &pass) {
+void UIManager::drag(const InputPass &pass, const CursorPosition &from) {
     const Pointer &pointer = pass.pointer;
     Component *dragging = mDragging;
     // The first move has the whole way from the press.
-    const math::Vector2 delta = difference(mDragJustStarted ? mPressPosition : mLastCursor, pointer.cursor);
+    const math::Vector2 delta = difference(mDragJustStarted ? mPressPosition : from, pointer.cursor);
     mDragJustStarted = false;
     handleEvent(dragging, DragEvent(pointer.ray, pointer.cursor, DragEvent::DRAG_MOVE, delta));
     if (mDragging == dragging && dragging->isContainer() &&
@@ -243,9 +245,8 @@ void UIManager::leaveHovered(const Pointer &pointer) {
     Component *hovered = mHovered;
     if (!hovered)
         return;
+    const detail::ForgetScope left(mHovered);
     handleEvent(hovered, HoverEvent(pointer.ray, pointer.cursor, HoverEvent::HOVER_LEAVE));
-    if (mHovered == hovered)
-        mHovered = nullptr;
 }
 
 void UIManager::cancelMouseAction() {

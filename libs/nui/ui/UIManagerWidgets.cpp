@@ -124,15 +124,13 @@ void UIManager::endPointerActions() {
     const Pointer pointer = takePointer();
     setFocus(nullptr);
     if (Component *dragging = mDragging) {
+        const detail::ForgetScope cancelled(mDragging);
         handleEvent(dragging, DragEvent(pointer.ray, pointer.cursor, DragEvent::DRAG_CANCEL, math::Vector2::ZERO));
-        if (mDragging == dragging)
-            mDragging = nullptr;
     }
     leaveHovered(pointer);
     if (Component *pressed = mPressed) {
+        const detail::ForgetScope released(mPressed);
         handleEvent(pressed, MouseEvent(pointer.ray, pointer.cursor, MouseEvent::MOUSE_RELEASE, 0, 0));
-        if (mPressed == pressed)
-            mPressed = nullptr;
     }
 }
 
@@ -154,16 +152,15 @@ void UIManager::_clearWidgets() {
     ++mWidgetsRevision;
     for (const core::SmartPtr<Widget> &widget : cleared)
         mRoot->removeChild(widget->getView());
+    const detail::ForgetScope dragging(mDragging);
+    const detail::ForgetScope hovered(mHovered);
+    const detail::ForgetScope pressed(mPressed);
     if (Component *focus = mFocus) {
+        const detail::ForgetScope loss(mFocus);
         mTextBuffer.clear();
         handleEvent(focus, FocusEvent(FocusEvent::FOCUS_LOST));
         focus->disableState(Component::STATE_FOCUSED);
-        if (mFocus == focus)
-            mFocus = nullptr;
     }
-    mDragging = nullptr;
-    mHovered = nullptr;
-    mPressed = nullptr;
 }
 
 } // namespace nurel::ui

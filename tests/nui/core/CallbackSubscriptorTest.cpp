@@ -394,3 +394,23 @@ TEST(CallbackSubscriptor, BasesWithOneSignatureAreToldApartByTheirTags) {
     publisher.Second::triggerCallbacks(2);
     EXPECT_EQ(second, 2);
 }
+
+TEST(CallbackSubscriptor, ACaptureMayUseThePublisherWhileBothGo) {
+    struct Goodbye {
+        Goodbye(Signal *publisher, int &farewells) : mPublisher(publisher), mFarewells(farewells) {}
+        ~Goodbye() {
+            mPublisher->triggerCallbacks(1);
+            mPublisher->unsubscribeCallback(1);
+            ++mFarewells;
+        }
+        Signal *mPublisher;
+        int &mFarewells;
+    };
+    int farewells = 0;
+    auto signal = std::make_unique<Signal>();
+    Signal *publisher = signal.get();
+    for (int i = 0; i < 2; ++i)
+        signal->subscribeCallback([kept = std::make_shared<Goodbye>(publisher, farewells)](int) { return false; });
+    signal.reset();
+    EXPECT_EQ(farewells, 2);
+}

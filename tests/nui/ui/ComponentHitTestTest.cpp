@@ -1,6 +1,7 @@
 #include "nui/ui/Component.h"
 
 #include "TestComponents.h"
+#include "nui/ui/UIManager.h"
 #include "support/EngineFixture.h"
 
 #include "nui/ui/skins/DefaultSkin.h"
@@ -73,6 +74,13 @@ TEST_F(ComponentHitTest, ARayAlongThePlaneOrFromBehindMisses) {
     const float nan = std::numeric_limits<float>::quiet_NaN();
     EXPECT_EQ(child->hitTest(Ray{Vector3(400, 300, -10), Vector4(0, 0, nan, 0)}, point), nullptr);
     EXPECT_EQ(point, Vector3(1, 2, 3));
+}
+
+TEST_F(ComponentHitTest, AComponentWithoutAnAreaIsHitNowhere) {
+    child->setScale(Vector2(0, 0));
+    child->update();
+    EXPECT_EQ(child->hitTest(rayAt(400, 300), point), nullptr);
+    EXPECT_EQ(child->hitTest(rayAt(20, 10), point), nullptr);
 }
 
 TEST_F(ComponentHitTest, ASlantedRayHitsWhereItMeetsThePlane) {

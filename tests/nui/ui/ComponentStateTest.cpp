@@ -490,6 +490,28 @@ TEST_F(ComponentState, ACallbackThatFailsWhileItsComponentDiesIsLogged) {
         [](UIEventHandler *, const FocusEvent &) -> bool { throw core::IllegalStateException("not now"); });
     delete leaf;
     EXPECT_EQ(log().takeOne(logging::Level::ERROR), "A callback failed while leaf was destroyed: not now");
+    EXPECT_EQ(UIManager::getSingleton().getFocus(), nullptr);
+}
+
+TEST_F(ComponentState, AComponentThatNobodyCountsIsNotDestroyedByWhatItsCallbacksDo) {
+    bool destroyed = false;
+    class Noting : public Leaf {
+    public:
+        explicit Noting(bool &flag) : Leaf("noting"), mFlag(flag) {}
+        ~Noting() override { mFlag = true; }
+
+    private:
+        bool &mFlag;
+    };
+    auto *leaf = new Noting(destroyed);
+    leaf->setTabStop(0);
+    leaf->FocusCallbacks::subscribeCallback([leaf](UIEventHandler *, const FocusEvent &) {
+        leaf->setEnabled(false);
+        return true;
+    });
+    leaf->setFocus();
+    EXPECT_FALSE(destroyed);
+    delete leaf;
 }
 
 TEST_F(ComponentState, AComponentMayOutliveManagerAndEngine) {

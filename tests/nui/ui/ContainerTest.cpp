@@ -4,6 +4,7 @@
 #include "support/EngineFixture.h"
 
 #include "foundation/core/Exception.h"
+#include "nmain/core/CloningOptions.h"
 #include "nui/ui/AnimationContext.h"
 #include "nui/ui/UIManager.h"
 #include "nui/ui/skins/DefaultSkin.h"
@@ -391,7 +392,49 @@ TEST_F(ContainerChildren, ACallbackMayChangeTheChildrenWhileOneLeaves) {
         return true;
     });
     box->clearChildren();
-    EXPECT_EQ(order(*box), "");
+    EXPECT_EQ(order(*box), "late "); // it came after the clearing began
+}
+
+TEST_F(ContainerChildren, WhatACallbackPutsUnderTheLayoutWhileChildrenLeaveIsNotLeftInItWhenItDies) {
+    const core::SmartPtr<NotingLayout> layout(new NotingLayout);
+    box->setLayout(layout.get());
+    Leaf *leaf = add("leaf");
+    leaf->setTabStop(0);
+    leaf->setFocus();
+    leaf->FocusCallbacks::subscribeCallback([&](UIEventHandler *, const FocusEvent &) {
+        layout->clearIgnores(); // puts the leaving one back
+        return true;
+    });
+    box->removeChild(leaf);
+    EXPECT_EQ(layout->getComponentCount(), 0U);
+    box->updateContent();
+}
+
+TEST_F(ContainerChildren, AListThatLostItsOrderIsSearchedFromTheFront) {
+    add("-5", -5);
+    box->removeChild(add("0", 0)); // the maximum is -5 from here on
+    box->clearChildren();
+    for (const int zIndex : {-3, -4, -2}) // none below the maximum: appended
+        add(std::to_string(zIndex).c_str(), zIndex);
+    ASSERT_EQ(order(*box), "-3 -4 -2 ");
+    add("-4b", -4);
+    EXPECT_EQ(order(*box), "-4b -3 -4 -2 ");
+}
+
+TEST_F(ContainerChildren, AnOwnerThatDiesIsForgottenByALayoutThatItDoesNotHold) {
+    const core::SmartPtr<NotingLayout> layout(new NotingLayout);
+    box->setLayout(layout.get());
+    core::SmartPtr<NotingLayout> copy;
+    {
+        const core::SmartPtr<Box> other(new Box("other"));
+        nurel::core::CloningOptions options;
+        options.setCloned(box.get(), other.get());
+        copy = static_cast<NotingLayout *>(layout->clone(options));
+        ASSERT_EQ(copy->getOwner(), other.get());
+    }
+    EXPECT_EQ(copy->getOwner(), nullptr);
+    copy->layout();
+    EXPECT_EQ(copy->getIgnoreCount(), 0U);
 }
 
 TEST_F(ContainerChildren, ACallbackMayDropTheContainerWhileAChildLeaves) {

@@ -3,6 +3,8 @@
 
 #include "nui/ui/ManagerTest.h"
 
+#include "foundation/core/Exception.h"
+
 #include <thread>
 
 using namespace nurel::ui;
@@ -464,4 +466,30 @@ TEST_F(UIManagerFocusTest, IsForgottenForTheChildrenOfADyingContainer) {
     row = nullptr;
     EXPECT_EQ(manager().getFocus(), nullptr);
     EXPECT_EQ(child->getRefCount(), 1u);
+}
+
+TEST_F(UIManagerFocusTest, SurvivesAChildThatLeavesItsDyingContainerWhileItsFocusGoes) {
+    core::SmartPtr<Panel> dying(new Panel("dying"));
+    auto *child = new Panel("child");
+    child->setTabStop(0);
+    dying->addChild(child);
+    child->setFocus();
+    ASSERT_EQ(focusName(), "child");
+    Panel *container = dying.get();
+    child->FocusCallbacks::subscribeCallback([container, child](UIEventHandler *, const FocusEvent &) {
+        container->removeChild(child);
+        return true;
+    });
+    dying = nullptr;
+    EXPECT_EQ(focusName(), "-");
+}
+
+TEST_F(UIManagerFocusTest, IsGoneAlsoWhenAListenerFails) {
+    const auto a = addTab("a");
+    a->setFocus();
+    a->FocusCallbacks::subscribeCallback(
+        [](UIEventHandler *, const FocusEvent &) -> bool { throw core::IllegalStateException("not now"); });
+    EXPECT_THROW(manager().setEnabled(false), core::IllegalStateException);
+    EXPECT_EQ(focusName(), "-");
+    manager().setEnabled(true);
 }

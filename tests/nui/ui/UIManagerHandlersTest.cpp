@@ -177,11 +177,12 @@ TEST_F(UIManagerHandlersTest, SurvivesAComponentThatRemovesItselfInItsPress) {
         return false;
     });
     moveTo(350, 450);
+    record();
     press();
+    EXPECT_EQ(events(), (Lines{"press mortal>mortal", "focus mortal>mortal", "blur mortal>mortal"}));
     EXPECT_TRUE(died);
     EXPECT_EQ(manager().getComponentAtCursor(), nullptr);
     EXPECT_EQ(manager().getFocus(), nullptr);
-    record();
     release();
     EXPECT_EQ(events(), (Lines{})); // nothing is pressed
 }
@@ -266,16 +267,46 @@ TEST_F(UIManagerHandlersTest, SurvivesANestedPass) {
     EXPECT_EQ(events().back(), "click:200,201 left>left");
 }
 
+TEST_F(UIManagerHandlersTest, MovesOnceThoughHandlersRunAnotherPass) {
+    for (Panel *panel : {mLeft.get(), mRight.get()}) {
+        panel->HoverCallbacks::subscribeCallback([](UIEventHandler *, const HoverEvent &) {
+            manager().updateEvents();
+            return false;
+        });
+    }
+    moveTo(200, 200);
+    record();
+    moveTo(500, 200);
+    EXPECT_EQ(events(), (Lines{"move right>right", "leave left>left", "enter right>right"}));
+    EXPECT_EQ(manager().getComponentAtCursor(), mRight.get());
+}
+
+TEST_F(UIManagerHandlersTest, LeavesTheHoverToThePassThatAHandlerRanLast) {
+    moveTo(200, 200);
+    mLeft->HoverCallbacks::subscribeCallback([](UIEventHandler *, const HoverEvent &event) {
+        if (event.getAction() == HoverEvent::HOVER_LEAVE && manager().getMousePos().x == 500)
+            moveTo(20, 20);
+        return false;
+    });
+    record();
+    moveTo(500, 200);
+    EXPECT_EQ(events(), (Lines{"move right>right", "move w>w", "leave left>left", "enter w>w", "leave left>left"}));
+    EXPECT_EQ(manager().getComponentAtCursor(), mWidget.get());
+}
+
 TEST_F(UIManagerHandlersTest, DoesNotClickWhatItsReleaseHandlerRemoved) {
+    // So large that its view is still under the cursor when it has no parent any more.
+    const auto large = addPanel(*mWidget, "large", 50, 50, 700, 500);
+    frame();
     moveTo(200, 200);
     press();
-    mLeft->MouseCallbacks::subscribeCallback([&](UIEventHandler *, const MouseEvent &) {
-        mWidget->removeChild(mLeft.get());
+    large->MouseCallbacks::subscribeCallback([&](UIEventHandler *, const MouseEvent &) {
+        mWidget->removeChild(large.get());
         return false;
     });
     record();
     release();
-    EXPECT_EQ(events(), (Lines{"release left>left"}));
+    EXPECT_EQ(events(), (Lines{"release large>large"}));
 }
 
 TEST_F(UIManagerHandlersTest, TakesInputFromOtherThreads) {

@@ -4,6 +4,8 @@
 
 #include "nui/ui/Component.h"
 
+#include <thread>
+
 namespace nurel::ui {
 
 /// One operation of the manager that may call out, while it is under way. When the outermost one ends, what was kept
@@ -11,9 +13,15 @@ namespace nurel::ui {
 /// function, ahead of any lock, and nothing may follow its end.
 class UIManager::Activity {
 public:
-    explicit Activity(UIManager &manager) : mManager(manager) { ++mManager.mActivities; }
+    explicit Activity(UIManager &manager)
+        : mManager(manager), mIsFrameThread(std::this_thread::get_id() == manager.mFrameThread) {
+        if (mIsFrameThread)
+            ++mManager.mActivities;
+    }
 
     ~Activity() {
+        if (!mIsFrameThread) // what it kept waits for the frame thread
+            return;
         if (mManager.mActivities == 1)
             mManager.releaseKept();
         if (--mManager.mActivities == 0 && mManager.mShutdownRequested)
@@ -25,6 +33,7 @@ public:
 
 private:
     UIManager &mManager;
+    const bool mIsFrameThread;
 };
 
 /// A component whose removal is being told of. It may be in its destructor, so nobody may keep it beyond that; whoever
@@ -54,6 +63,24 @@ private:
 };
 
 namespace detail {
+
+/// Empties a pointer field at the end of the scope, also when a listener fails, unless it points at something else by
+/// then.
+template <class Field>
+class ForgetScope {
+public:
+    explicit ForgetScope(Field &field) : mField(field), mForgotten(field) {}
+    ~ForgetScope() {
+        if (mField == mForgotten)
+            mField = nullptr;
+    }
+    ForgetScope(const ForgetScope &) = delete;
+    ForgetScope &operator=(const ForgetScope &) = delete;
+
+private:
+    Field &mField;
+    Component *const mForgotten;
+};
 
 /// A flag that is set for the length of a scope.
 class FlagScope {

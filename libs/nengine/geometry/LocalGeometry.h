@@ -24,11 +24,10 @@ public:
     };
 
     struct Run {
-        texture::RenderData *page; ///< null: flat, drawn from the white texel
-        std::uint32_t vertexCount;
-        std::uint32_t indexCount; ///< 0 when all of the geometry is quads
-        bool ownColors =
-            false; ///< the page's colours stay as they are (colour glyphs): of the material only alpha counts
+        texture::RenderData *page = nullptr; ///< null: flat, drawn from the white texel
+        std::uint32_t vertexCount = 0;
+        std::uint32_t indexCount = 0; ///< 0 when all of the geometry is quads
+        bool ownColors = false;       ///< colours of the page stay (colour glyphs): of the material only alpha counts
     };
 
     /// The vertex colour that leaves the material's colour as it is.

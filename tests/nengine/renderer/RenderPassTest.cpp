@@ -88,6 +88,17 @@ TEST_F(Pass, NeighboursOfOneStateBecomeOneCommand) {
                                      "indices 6 texture 1 blend 1 mask 3\n");
 }
 
+TEST_F(Pass, FlatBoxesGoOnWithTheBlendedCommandBeforeThem) {
+    for (int i = 0; i < 6; ++i) {
+        auto *box = screen.addBox(10, 10, 5, 5);
+        if (i % 2 == 1)
+            setBlending(*box);
+    }
+    screen.draw();
+    EXPECT_EQ(screen.dumpCommands(), "indices 6 texture 1 blend 0 mask 3\n"
+                                     "indices 30 texture 1 blend 1 mask 3\n");
+}
+
 TEST_F(Pass, OrderOfDrawingIsOrderOfNodesWhateverTheDepth) {
     for (const float z : {0.0f, 50.0f, -50.0f}) {
         auto *box = screen.addBox(10, 10, 5, 5);

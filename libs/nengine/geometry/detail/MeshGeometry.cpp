@@ -39,7 +39,7 @@ std::uint32_t pack(const Channels &channels) {
 }
 
 std::uint32_t multiply(const Channels &base, std::uint32_t rgba) {
-    Channels product;
+    Channels product{};
     for (unsigned int i = 0; i < 4; ++i)
         product.value[i] = (base.value[i] * (rgba >> (8 * i) & 255u) + 127u) / 255u;
     return pack(product);
@@ -82,6 +82,9 @@ void MeshGeometry::setLocal(const LocalGeometry &local, const texture::Atlas *at
         run->vertexCount = source.vertexCount;
         run->indexCount = source.indexCount;
         run->ownColors = source.ownColors;
+        run->isFlat = !source.page && std::all_of(vertex, vertex + source.vertexCount, [](const auto &corner) {
+            return corner.rgba == LocalGeometry::WHITE;
+        });
         if (!source.page) {
             mFlat = true;
             run->page = atlas ? atlas->getWhite().page : nullptr;

@@ -26,12 +26,13 @@ public:
         std::uint32_t vertexCount = 0;
         std::uint32_t indexCount = 0;
         bool ownColors = false;
+        bool isFlat = false; ///< nothing but the material's colour
     };
 
     /// What the world vertices take from the mesh besides its geometry.
     struct Look {
         math::Vector4 color; ///< not premultiplied
-        bool blending;
+        bool blending = false;
     };
 
     MeshGeometry();

@@ -171,13 +171,13 @@ void DrawListBuilder::append(scene::Mesh &mesh, const geometry::MeshGeometry &ge
             for (std::uint32_t i = 0; i < run.indexCount; ++i)
                 mIndices.push_back(static_cast<std::uint32_t>(base + *index++));
         }
-        appendCommand(state, run.page ? run.page->id : NO_TEXTURE, mIndices.size() - firstIndex);
+        appendCommand(state, run.page ? run.page->id : NO_TEXTURE, mIndices.size() - firstIndex, run.isFlat);
         base += run.vertexCount;
     }
 }
 
 /// Draws the last indices of the list: with the last command if that one is of the same kind.
-void DrawListBuilder::appendCommand(const State &state, TextureId texture, std::size_t indexCount) {
+void DrawListBuilder::appendCommand(const State &state, TextureId texture, std::size_t indexCount, bool isFlat) {
     if (indexCount == 0)
         return;
     DrawCommand command;
@@ -192,10 +192,16 @@ void DrawListBuilder::appendCommand(const State &state, TextureId texture, std::
     command.opDepthFail = state.depthFail;
     command.opPass = state.pass;
     command.colorMask = state.colorMask;
-    if (!mCommands.empty() && mCommands.back().hasSameState(command))
+    // What is flat and not blended is opaque: it goes on with a command that blends, such as that of a text, and looks
+    // the same.
+    if (isFlat && !mCommands.empty() && mCommands.back().blend == Blend::PREMULTIPLIED)
+        command.blend = Blend::PREMULTIPLIED;
+    if (!mCommands.empty() && mCommands.back().hasSameState(command)) {
         mCommands.back().indexCount += command.indexCount;
-    else
-        mCommands.push_back(command);
+        return;
+    }
+    command.blend = state.blend;
+    mCommands.push_back(command);
 }
 
 void DrawListBuilder::finish(const Change &change, FrameStatistics &statistics) {

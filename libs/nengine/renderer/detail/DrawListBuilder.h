@@ -49,7 +49,7 @@ private:
                      Change &change);
     void cut(std::size_t count);
     void append(scene::Mesh &mesh, const geometry::MeshGeometry &geometry, const State &state);
-    void appendCommand(const State &state, TextureId texture, std::size_t indexCount);
+    void appendCommand(const State &state, TextureId texture, std::size_t indexCount, bool isFlat);
     void finish(const Change &change, FrameStatistics &statistics);
     static State getState(const scene::Mesh &mesh);
 

@@ -42,7 +42,7 @@ void setTexture(scene::Frame &frame, texture::Texture *texture) {
 }
 
 class Pass : public testing::Test {
-protected:
+public:
     Pass() { screen.pass->setVerify(true); }
     test::LogCapture log;
     test::Screen screen;

@@ -13,7 +13,7 @@ using renderer::Renderer;
 using renderer::ResizeEventData;
 
 class RendererFixture : public testing::Test {
-protected:
+public:
     RendererFixture() : renderer(backend, 640, 480, true) {}
     renderer::RecordingBackend backend;
     Renderer renderer;

@@ -10,7 +10,7 @@ namespace {
 using List = nurel::renderer::SubscriberList<int>;
 
 class Subscribers : public testing::Test {
-protected:
+public:
     List::Callback note(char name, bool ends = false) {
         return [this, name, ends](int) {
             seen += name;

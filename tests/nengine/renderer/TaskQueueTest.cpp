@@ -122,6 +122,7 @@ TEST(TaskQueue, TakesTasksFromManyThreads) {
     TaskQueue queue;
     int runs = 0;
     std::vector<std::thread> threads;
+    threads.reserve(4);
     for (int i = 0; i < 4; ++i) {
         threads.emplace_back([&] {
             for (int k = 0; k < 100; ++k)

@@ -22,7 +22,7 @@ void expectNear(const math::Vector2 &actual, const math::Vector2 &expected) {
 }
 
 class ScreenCamera : public testing::Test {
-protected:
+public:
     ScreenCamera() : camera(new Camera("camera")) { test::setUpScreenCamera(*camera, 800, 600); }
 
     /// Where the ray through a pixel meets a depth.

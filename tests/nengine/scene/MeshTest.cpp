@@ -58,7 +58,7 @@ protected:
 };
 
 class MeshPreparation : public testing::Test {
-protected:
+public:
     MeshPreparation() : mesh(new Quad("quad")) {
         context.width = 100;
         context.height = 100;

@@ -20,7 +20,7 @@ std::string names(const Node &node) {
 }
 
 class NodeOrder : public testing::Test {
-protected:
+public:
     NodeOrder() : node(new Node("node")), a(new Frame("a")), b(new Frame("b")), c(new Frame("c")) {
         node->appendChild(a.get());
         node->appendChild(b.get());

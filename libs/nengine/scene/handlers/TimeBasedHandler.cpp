@@ -11,7 +11,7 @@ constexpr float SHORTEST_DURATION = 0.001f;
 
 constinit const ::core::Type TimeBasedHandler::TYPE("TimeBasedHandler", &ObjectHandler::TYPE);
 
-TimeBasedHandler::TimeBasedHandler(float duration) {
+TimeBasedHandler::TimeBasedHandler(float duration) : mDuration(SHORTEST_DURATION) {
     setDuration(duration);
 }
 

@@ -22,8 +22,8 @@ struct BorderedRectangleMesh::Options {
 
 /// The four lines that cut one axis of rectangle and texture into before, middle and after.
 struct BorderedRectangleMesh::Cuts {
-    float place[4];
-    float pixel[4];
+    float place[4] = {};
+    float pixel[4] = {};
 
     /// `size` along the axis, the borders at its two ends, and the skin's first pixel and length.
     Cuts(float size, float before, float after, float skinStart, float skinSize, BorderFixMode mode) {

@@ -14,7 +14,7 @@ using scene::Frame;
 using scene::handlers::BlinkHandler;
 
 class Blinking : public testing::Test {
-protected:
+public:
     Blinking() : frame(new Frame()), blink(new BlinkHandler(1.0f)) { frame->addHandler(blink.get()); }
 
     /// One letter a step: s shown, h hidden.

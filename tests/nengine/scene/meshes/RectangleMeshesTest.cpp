@@ -57,7 +57,7 @@ private:
 };
 
 class Rectangles : public testing::Test {
-protected:
+public:
     Rectangles() : texture(screen.makeTexture("skin", 64, 32)) {}
 
     core::SmartPtr<Bordered> make(const math::Vector2 &size, const math::Vector4 &border) {

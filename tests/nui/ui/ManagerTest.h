@@ -24,9 +24,9 @@ namespace test {
 
 /// Gives every component a view that draws nothing, so that it can be hit, and counts the widgets that it was asked
 /// for.
-class PlainSkin : public nurel::ui::Skin {
+class BlankSkin : public nurel::ui::Skin {
 public:
-    explicit PlainSkin(const char *name = "plain") : Skin(name) {}
+    explicit BlankSkin(const char *name = "plain") : Skin(name) {}
 
     using View = nurel::ui::ComponentView;
 
@@ -75,7 +75,7 @@ public:
     }
 
     explicit ManagerTest(const nurel::EngineConfig &config)
-        : mEngine(std::make_unique<nurel::Engine>(config)), mSkin(new PlainSkin) {
+        : mEngine(std::make_unique<nurel::Engine>(config)), mSkin(new BlankSkin) {
         nurel::ui::SkinManager::getSingleton().addSkin(mSkin.get());
         nurel::ui::SkinManager::getSingleton().setDefaultSkin(mSkin.get());
     }
@@ -162,7 +162,7 @@ public:
 
     LogCapture mLog;
     std::unique_ptr<nurel::Engine> mEngine;
-    core::SmartPtr<PlainSkin> mSkin;
+    core::SmartPtr<BlankSkin> mSkin;
     Lines mEvents;
 };
 

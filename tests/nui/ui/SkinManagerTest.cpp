@@ -27,7 +27,7 @@ TEST_F(SkinManagerTest, HasNoSkinAndNoDefaultAtFirst) {
 }
 
 TEST_F(SkinManagerTest, FindsASkinByItsName) {
-    const core::SmartPtr<test::PlainSkin> other(new test::PlainSkin("other"));
+    const core::SmartPtr<test::BlankSkin> other(new test::BlankSkin("other"));
     skins().addSkin(mSkin.get());
     skins().addSkin(other.get());
     EXPECT_EQ(skins().getSkin("plain", false), mSkin.get());
@@ -43,7 +43,7 @@ TEST_F(SkinManagerTest, GivesTheDefaultSkinForANameThatItHasNot) {
 }
 
 TEST_F(SkinManagerTest, NeverLooksUpANullOrEmptyName) {
-    const core::SmartPtr<test::PlainSkin> nameless(new test::PlainSkin(""));
+    const core::SmartPtr<test::BlankSkin> nameless(new test::BlankSkin(""));
     skins().addSkin(nameless.get());
     EXPECT_EQ(skins().getSkin("", false), nullptr);
     EXPECT_EQ(skins().getSkin(nullptr, false), nullptr);
@@ -53,7 +53,7 @@ TEST_F(SkinManagerTest, NeverLooksUpANullOrEmptyName) {
 }
 
 TEST_F(SkinManagerTest, ReplacesASkinOfTheSameNameAndReleasesIt) {
-    const core::SmartPtr<test::PlainSkin> second(new test::PlainSkin("plain"));
+    const core::SmartPtr<test::BlankSkin> second(new test::BlankSkin("plain"));
     skins().addSkin(mSkin.get());
     EXPECT_EQ(mSkin->getRefCount(), 2u);
     skins().addSkin(second.get());
@@ -62,7 +62,7 @@ TEST_F(SkinManagerTest, ReplacesASkinOfTheSameNameAndReleasesIt) {
 }
 
 TEST_F(SkinManagerTest, RemovesWhateverStandsUnderTheSkinsName) {
-    const core::SmartPtr<test::PlainSkin> second(new test::PlainSkin("plain"));
+    const core::SmartPtr<test::BlankSkin> second(new test::BlankSkin("plain"));
     skins().addSkin(mSkin.get());
     skins().removeSkin(second.get());
     EXPECT_EQ(skins().getSkin("plain", false), nullptr);

@@ -9,13 +9,13 @@ using namespace nurel::ui;
 namespace {
 
 /// Tells by which overload it was called.
-class NotingSkin : public test::PlainSkin {
+class NotingSkin : public test::BlankSkin {
 public:
-    View *visit(components::Image *image) override { return note("Image", PlainSkin::visit(image)); }
-    View *visit(components::Panel *panel) override { return note("Panel", PlainSkin::visit(panel)); }
-    View *visit(components::Label *label) override { return note("Label", PlainSkin::visit(label)); }
-    View *visit(Widget *widget) override { return note("Widget", PlainSkin::visit(widget)); }
-    using PlainSkin::visit;
+    View *visit(components::Image *image) override { return note("Image", BlankSkin::visit(image)); }
+    View *visit(components::Panel *panel) override { return note("Panel", BlankSkin::visit(panel)); }
+    View *visit(components::Label *label) override { return note("Label", BlankSkin::visit(label)); }
+    View *visit(Widget *widget) override { return note("Widget", BlankSkin::visit(widget)); }
+    using BlankSkin::visit;
 
     std::string mCalls;
 

@@ -219,7 +219,7 @@ TEST_F(UIManagerWidgetsTest, QuotesAnEmptySkinName) {
 }
 
 TEST_F(UIManagerWidgetsTest, KeepsAViewOfTheRightSkinAndReplacesOneOfAnother) {
-    const core::SmartPtr<test::PlainSkin> other(new test::PlainSkin("other"));
+    const core::SmartPtr<test::BlankSkin> other(new test::BlankSkin("other"));
     SkinManager::getSingleton().addSkin(other.get());
     const core::SmartPtr<Widget> widget(new Widget("w"));
     manager().setView(widget.get());

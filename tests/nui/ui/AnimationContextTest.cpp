@@ -3,6 +3,7 @@
 #include "nui/ui/ManagerTest.h"
 #include "nui/ui/animation/AnimatedOpacity.h"
 #include "nui/ui/animation/AnimatedPosition.h"
+#include "nui/ui/animation/AnimatedRotation.h"
 #include "nui/ui/animation/AnimatedScale.h"
 #include "nui/ui/animation/AnimatedSize.h"
 
@@ -386,4 +387,55 @@ TEST_F(AnimationContextTest, TakesLengthsThatAreNoLengths) {
     commit();
     after(0);
     EXPECT_EQ(told(), "started finished ");
+}
+
+TEST_F(AnimationContextTest, EndsAReversedRunAtTheSourceWhateverIsAnimated) {
+    const core::SmartPtr<Panel> panel(new Panel("p"));
+    panel->setSize({30, 40}, {0.25f, 0.5f});
+    panel->setScale(Vector2(2, 3));
+    panel->setOpacity(0.75f, false);
+    const nurel::math::Matrix3 source(0.25f, nurel::math::Vector3(0, 0, 1));
+    const nurel::math::Matrix3 target(1, nurel::math::Vector3(0, 0, 1));
+    panel->setRotation(source);
+    mContext->record<animation::AnimatedSize>(panel.get()).setSize({130, 140}, {1, 1});
+    mContext->record<animation::AnimatedScale>(panel.get()).setScale({6, 7});
+    mContext->record<animation::AnimatedRotation>(panel.get()).setRotation(target);
+    mContext->record<animation::AnimatedOpacity>(panel.get()).setOpacity(0.25f, false);
+    mContext->setReverse(true);
+    commit();
+    const auto differs = [&](const nurel::math::Matrix3 &rotation) {
+        const nurel::math::Vector3 axis(1, 0, 0);
+        return (panel->getRotation() * axis - rotation * axis).length();
+    };
+    after(0);
+    EXPECT_EQ(panel->getComponentSize().absolute, Vector2(130, 140));
+    EXPECT_EQ(panel->getComponentSize().relative, Vector2(1, 1));
+    EXPECT_EQ(panel->getScale(), Vector2(6, 7));
+    EXPECT_LT(differs(target), 1e-5f);
+    EXPECT_EQ(panel->getOpacity(), 0.25f);
+    after(500);
+    EXPECT_EQ(panel->getComponentSize().absolute, Vector2(30, 40));
+    EXPECT_EQ(panel->getComponentSize().relative, Vector2(0.25f, 0.5f));
+    EXPECT_EQ(panel->getScale(), Vector2(2, 3));
+    EXPECT_LT(differs(source), 1e-5f);
+    EXPECT_EQ(panel->getOpacity(), 0.75f);
+    EXPECT_EQ(mContext->getStatus(), AnimationContext::FINISHED);
+}
+
+TEST_F(AnimationContextTest, RecordsIntoTheFirstOfTwoOfOneClass) {
+    const core::SmartPtr<Panel> panel(new Panel("p"));
+    AnimationContext *open = manager().beginAnimation();
+    open->addAnimation(new animation::AnimatedOpacity(panel.get()));
+    open->addAnimation(new animation::AnimatedOpacity(panel.get()));
+    ASSERT_EQ(open->getAnimations().size(), 2u);
+    const auto opacityOf = [](const core::SmartPtr<Animation> &animation) {
+        return static_cast<const animation::AnimatedOpacity &>(*animation).getOpacity();
+    };
+    const float untouched = opacityOf(*open->getAnimations().rbegin());
+    panel->setOpacity(0.125f, false);
+    EXPECT_EQ(open->getAnimations().size(), 2u);
+    EXPECT_EQ(opacityOf(*open->getAnimations().begin()), 0.125f);
+    EXPECT_EQ(opacityOf(*open->getAnimations().rbegin()), untouched);
+    EXPECT_EQ(panel->getOpacity(), 1);
+    manager().cancelAnimation();
 }

@@ -3,6 +3,10 @@
 #include "TestComponents.h"
 #include "support/EngineFixture.h"
 
+#include "nui/ui/UIEvent.h"
+
+#include <vector>
+
 namespace test {
 
 namespace {
@@ -90,6 +94,52 @@ TEST_F(ComponentHandlerTest, IsSeenAsAHandlerAndNotAsAComponent) {
     EXPECT_TRUE(handler.instanceOf(UIEventHandler::TYPE));
     EXPECT_FALSE(handler.instanceOf(Component::TYPE));
     EXPECT_EQ(handler.getEventMask(), 0x20bU);
+}
+
+namespace {
+
+/// Notes the events that reach it, and passes them on.
+class NotingHandler : public PlainHandler {
+public:
+    using PlainHandler::PlainHandler;
+
+    UIEventHandler *handleEvent(const UIEvent &event) override {
+        events.push_back(event.getType());
+        return PlainHandler::handleEvent(event);
+    }
+
+    std::vector<int> events;
+};
+
+} // namespace
+
+TEST_F(ComponentHandlerTest, GetsWhatItsTargetsMaskDoesNotAdmit) {
+    NotingHandler handler("handler", child.get());
+    int taken = 0;
+    child->WheelCallbacks::subscribeCallback([&](UIEventHandler *, const WheelEvent &) {
+        ++taken;
+        return false;
+    });
+    parent->enableEvents(UIEvent::ET_WHEEL_EVENT);
+    child->disableEvents(UIEvent::ET_WHEEL_EVENT);
+    const WheelEvent wheel(Ray(), CursorPosition(), 1);
+    EXPECT_EQ(child->handleEvent(wheel), parent.get());
+    EXPECT_EQ(handler.events, std::vector<int>{UIEvent::ET_WHEEL_EVENT});
+    EXPECT_EQ(taken, 0);
+    child->enableEvents(UIEvent::ET_WHEEL_EVENT);
+    EXPECT_EQ(child->handleEvent(wheel), child.get());
+    EXPECT_EQ(taken, 1);
+    EXPECT_EQ(handler.events.size(), 1U); // what the target takes ends there
+}
+
+TEST_F(ComponentHandlerTest, GetsWhatComesForADisabledTarget) {
+    NotingHandler handler("handler", child.get());
+    const MouseEvent press(Ray(), CursorPosition(), MouseEvent::MOUSE_PRESS, 0, 1);
+    EXPECT_EQ(child->handleEvent(press), child.get());
+    EXPECT_TRUE(handler.events.empty());
+    child->setEnabled(false);
+    EXPECT_EQ(child->handleEvent(press), parent.get());
+    EXPECT_EQ(handler.events, std::vector<int>{UIEvent::ET_MOUSE_EVENT});
 }
 
 } // namespace test

@@ -7,6 +7,7 @@
 #include "nengine/scene/VisibilitySet.h"
 #include "nengine/scene/meshes/SizeableRectangleMesh.h"
 #include "nengine/scene/properties/DepthProperty.h"
+#include "nengine/scene/properties/MaterialProperty.h"
 #include "nui/ui/skins/DefaultSkin.h"
 
 #include <string>
@@ -242,6 +243,52 @@ TEST_F(ComponentViewCulling, WhatLiesWhollyOutsideItsParentIsNotDrawn) {
     EXPECT_FALSE(isDrawnAt(0, 35));
     EXPECT_TRUE(isDrawnAt(-59, -34));
     EXPECT_FALSE(isDrawnAt(0, -35));
+}
+
+TEST_F(ComponentViewCulling, TheNaturalSizesCountWhateverTheScales) {
+    // One pixel off the borders: a size that the scale makes odd moves the child by half of one.
+    child->setScale(Vector2(3, 3));
+    EXPECT_TRUE(isDrawnAt(58, 33));
+    EXPECT_FALSE(isDrawnAt(61, 0)); // though it reaches into its parent
+    EXPECT_FALSE(isDrawnAt(0, 36));
+    child->setScale(Vector2(0.25f, 0.25f));
+    EXPECT_TRUE(isDrawnAt(58, 33)); // though nothing of it is inside
+    child->setScale(Vector2(1, 1));
+    box->setScale(Vector2(0.5f, 0.5f));
+    EXPECT_TRUE(isDrawnAt(58, 33));
+    EXPECT_FALSE(isDrawnAt(61, 0));
+}
+
+TEST_F(ComponentViewCulling, NothingBelowWhatLiesOutsideIsDrawn) {
+    const core::SmartPtr<Box> middle(new Box("middle"));
+    middle->setSize(Vector2(20, 10));
+    middle->setView(new ComponentView("middle", middle.get(), &skin()));
+    box->removeChild(child.get());
+    middle->addChild(child.get()); // with its mesh
+    middle->getView()->insertView(child->getView());
+    box->addChild(middle.get());
+    middle->setPosition(Vector3(0, 0, 0));
+    EXPECT_TRUE(isDrawnAt(0, 0));
+    middle->setPosition(Vector3(61, 0, 0));
+    EXPECT_FALSE(isDrawnAt(0, 0));
+    EXPECT_FALSE(isDrawnAt(-15, 0)); // inside its own parent, and over the outermost
+    middle->setPosition(Vector3(59, 0, 0));
+    EXPECT_TRUE(isDrawnAt(-15, 0));
+}
+
+TEST_F(ComponentViewTest, InsertingAViewBringsTheInheritedPropertiesUpToDate) {
+    using nurel::scene::Property;
+    const core::SmartPtr<nurel::scene::properties::MaterialProperty> material(
+        new nurel::scene::properties::MaterialProperty("material"));
+    const core::SmartPtr<Node> above(new Node("above"));
+    above->appendChild(view.get());
+    above->setProperty(material.get());
+    ASSERT_NE(view->getPropertySet().getEffective(Property::MATERIAL), material.get()); // not before an update
+    Leaf leaf("leaf");
+    const core::SmartPtr<ComponentView> leafView(new ComponentView("leaf", &leaf, &skin()));
+    view->insertView(leafView.get());
+    EXPECT_EQ(view->getPropertySet().getEffective(Property::MATERIAL), material.get());
+    EXPECT_EQ(leafView->getProperty(Property::MATERIAL), material.get());
 }
 
 } // namespace test

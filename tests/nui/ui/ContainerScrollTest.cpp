@@ -3,6 +3,7 @@
 #include "TestComponents.h"
 #include "support/EngineFixture.h"
 
+#include "nui/ui/UIManager.h"
 #include "nui/ui/components/Panel.h"
 #include "nui/ui/skins/DefaultSkin.h"
 
@@ -372,6 +373,135 @@ TEST_F(ContainerScroll, AnIdleContainerStaysClean) {
     EXPECT_EQ(box->dirty(), 0U);
     EXPECT_EQ(child->dirty(), 0U);
     EXPECT_EQ(box->getScrollInfoH().bar->isDirty(0x7f), 0U);
+}
+
+TEST_F(ContainerScroll, ABarStandsInTheContentOfANewViewAlsoWhenItKeptItsOwn) {
+    box->visit(&skin());
+    resizeChild(300, 40);
+    Component *bar = box->getScrollInfoH().bar;
+    ASSERT_TRUE(bar->hasView());
+    resizeChild(50, 40);
+    const core::SmartPtr<ComponentView> dropped(box->getView());
+    box->clearView();
+    box->visit(&skin());
+    ASSERT_NE(box->getView(), dropped.get());
+    update();
+    resizeChild(300, 40);
+    ASSERT_EQ(box->getScrollInfoH().bar, bar);
+    ASSERT_TRUE(bar->hasView());
+    EXPECT_EQ(bar->getView()->getParent(), box->getView()->getContent());
+    EXPECT_FALSE(bar->getView()->isHidden());
+    EXPECT_EQ(box->getView()->getContent()->getChildCount(), 2U);
+}
+
+TEST_F(ContainerScroll, TheBarOfAWidgetThatWasTakenAwayAndBroughtBackStandsInItsContent) {
+    const core::SmartPtr<Widget> widget(new Widget("widget", Vector2(100, 80), Vector2(0, 0)));
+    const core::SmartPtr<Leaf> content(new Leaf("content"));
+    content->setAnchor(Component::ANCHOR_TOP_LEFT);
+    widget->addChild(content.get());
+    UIManager &manager = UIManager::getSingleton();
+    const auto resize = [&](float height) {
+        content->setSize(Vector2(50, height));
+        for (int i = 0; i < 3; ++i)
+            frame();
+    };
+    show(*widget);
+    resize(320);
+    Component *bar = widget->getScrollInfoV().bar;
+    ASSERT_NE(bar, nullptr);
+    resize(40);
+    ASSERT_FALSE(bar->isVisible());
+    manager.removeWidget(widget.get());
+    frame();
+    ASSERT_FALSE(widget->hasView());
+    show(*widget);
+    ASSERT_TRUE(widget->hasView());
+    resize(320);
+    EXPECT_EQ(widget->getScrollInfoV().bar, bar);
+    EXPECT_TRUE(bar->isVisible());
+    ASSERT_TRUE(bar->hasView());
+    EXPECT_EQ(bar->getView()->getParent(), widget->getView()->getContent());
+    manager.removeWidget(widget.get());
+    frame();
+}
+
+TEST_F(ContainerScroll, ABarThatIsToBeRemovedStaysAmongTheEntries) {
+    resizeChild(300, 40);
+    Component *bar = box->getScrollInfoH().bar;
+    ASSERT_NE(bar, nullptr);
+    box->clean();
+    box->removeChild(bar);
+    EXPECT_EQ(box->getScrollInfoH().bar, bar);
+    EXPECT_EQ(box->getChildIndex(bar), 1);
+    EXPECT_EQ(bar->getParent(), box.get());
+    EXPECT_EQ(box->dirty(), 0U);
+    box->removeChildAt(1); // not counted
+    EXPECT_EQ(box->getChildIndex(bar), 1);
+}
+
+TEST_F(ContainerScroll, MeasuringBringsTheBarsUpToDateItself) {
+    resizeChild(300, 40);
+    Component *bar = box->getScrollInfoH().bar;
+    ASSERT_EQ(bar->getSize().x, 33);
+    child->setSize(Vector2(500, 40));
+    box->updateContent();
+    EXPECT_EQ(box->getScrollInfoH().length, 20);
+    EXPECT_EQ(bar->getSize().x, 20); // in the same pass
+    EXPECT_EQ(bar->isDirty(Component::DIRTY_POSITION), 0U);
+}
+
+TEST_F(ContainerScroll, TheViewIsMarkedWhenABarComesGoesOrChangesItsLength) {
+    const auto isMarkedAt = [&](float width) {
+        child->setSize(Vector2(width, 40));
+        box->setClean(Component::DIRTY_VIEW);
+        EXPECT_NE(box->isDirty(Component::DIRTY_CONTENT), 0U);
+        box->updateContent();
+        const bool marked = box->isDirty(Component::DIRTY_VIEW) != 0;
+        update();
+        return marked;
+    };
+    resizeChild(300, 40);
+    EXPECT_FALSE(isMarkedAt(301)); // still 33 pixels
+    EXPECT_TRUE(isMarkedAt(500));
+    EXPECT_FALSE(isMarkedAt(499));
+    EXPECT_TRUE(isMarkedAt(50)); // nothing to scroll
+    EXPECT_TRUE(isMarkedAt(500));
+}
+
+TEST_F(ContainerScroll, ALayoutThatAHiddenContainerGetsWaitsUntilItIsShown) {
+    update();
+    const Vector3 place = child->getPosition();
+    box->setVisible(false);
+    const core::SmartPtr<NotingLayout> layout(new NotingLayout);
+    box->clean();
+    box->forceDirty(Component::DIRTY_CONTENT);
+    const unsigned int before = box->dirty();
+    box->setLayout(layout.get());
+    layout->addComponent(child.get());
+    EXPECT_EQ(layout->getOwner(), box.get());
+    EXPECT_EQ(layout->passes, 0);
+    EXPECT_EQ(box->dirty(), before);
+    EXPECT_EQ(child->getPosition(), place);
+    box->setVisible(true);
+    update();
+    EXPECT_GT(layout->passes, 0);
+    EXPECT_NE(child->getPosition(), place);
+}
+
+TEST_F(ContainerScroll, ALayoutOfAnotherContainerComesEmptyAndChangesItsOwner) {
+    const core::SmartPtr<NotingLayout> layout(new NotingLayout);
+    Box first("first");
+    const core::SmartPtr<Leaf> firsts(new Leaf("firsts"));
+    first.setLayout(layout.get());
+    first.addChild(firsts.get());
+    ASSERT_EQ(layout->getComponentCount(), 1U);
+    const int passes = layout->passes;
+    box->forceDirty(Component::DIRTY_CONTENT);
+    box->setLayout(layout.get());
+    EXPECT_EQ(layout->getOwner(), box.get());
+    EXPECT_EQ(layout->getComponentCount(), 0U);
+    EXPECT_EQ(layout->passes, passes + 1);
+    EXPECT_EQ(first.getLayout(), layout.get()); // which is not told
 }
 
 } // namespace test

@@ -609,4 +609,23 @@ TEST_F(ContainerChildren, AnIndexPastTheEndIsAssertedInDebugBuilds) {
 }
 #endif
 
+TEST_F(ContainerChildren, RemovingMarksTheContainerAlsoWhenItSortsOnTheWay) {
+    for (const bool byIndex : {false, true}) {
+        box->clearChildren();
+        Leaf *a = add("a", 1);
+        add("b", 2);
+        Leaf *c = add("c", 3);
+        clean();
+        a->setZIndex(9);
+        ASSERT_NE(box->isDirty(Component::DIRTY_ZORDER), 0U);
+        if (byIndex)
+            box->removeChildAt(2);
+        else
+            box->removeChild(c);
+        EXPECT_EQ(order(*box), "b a ");
+        EXPECT_EQ(box->isDirty(0x12), 0x12U);
+        EXPECT_EQ(box->isDirty(Component::DIRTY_ZORDER), 0U);
+    }
+}
+
 } // namespace test

@@ -261,8 +261,11 @@ TEST_F(LayoutTest, ForgetsTheChildrenOfAContainerThatSharesItAndDies) {
 TEST_F(LayoutTest, MayDieBeforeItsStrangers) {
     const core::SmartPtr<Panel> stray(new Panel("stray"));
     mLayout->addComponent(stray.get());
+    const core::SmartPtr<NotingLayout> other(new NotingLayout);
+    other->addComponent(stray.get());
     mLayout = nullptr;
-    SUCCEED();
+    EXPECT_EQ(other->names(), "stray");
+    EXPECT_EQ(stray->getRefCount(), 1u);
 }
 
 TEST_F(LayoutTest, NeverCountsFewerThanNoneIgnored) {
@@ -270,4 +273,18 @@ TEST_F(LayoutTest, NeverCountsFewerThanNoneIgnored) {
     const core::SmartPtr<Panel> stray(new Panel("stray"));
     mLayout->addComponent(stray.get());
     EXPECT_EQ(mLayout->getIgnoreCount(), 0u);
+}
+
+TEST_F(LayoutTest, StaysInItsOrderWhenAZIndexChangesLater) {
+    mPanel->setLayout(mLayout.get());
+    const auto a = add(*mPanel, "a", 2);
+    const auto b = add(*mPanel, "b", 1);
+    b->setZIndex(9);
+    mPanel->update(); // sorts the children
+    ASSERT_EQ(mPanel->getChildAt(0), a.get());
+    EXPECT_EQ(mLayout->names(), "ba");
+    const auto c = add(*mPanel, "c", 9); // not below the highest: appended
+    EXPECT_EQ(mLayout->names(), "bac");
+    const auto d = add(*mPanel, "d", 3); // ahead of the first with a greater one
+    EXPECT_EQ(mLayout->names(), "dbac");
 }

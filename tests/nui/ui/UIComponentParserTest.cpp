@@ -13,6 +13,8 @@
 
 #include "nengine/EngineFactory.h"
 #include "nengine/scene/meshes/BorderedRectangleMesh.h"
+#include "nengine/scene/meshes/SizeableRectangleMesh.h"
+#include "nmain/core/CloningOptions.h"
 #include "nmain/json/JSONException.h"
 #include "nmain/vfs/MemoryFileSystem.h"
 
@@ -458,6 +460,64 @@ TEST_F(UIComponentParserTest, WordsRegisteredAheadOfTheFirstParseAreTheOnlyOnes)
     error();
     UIComponentParser::unregisterType("box");
     EXPECT_EQ(&parse(R"({"type":"label","name":"x"})")->getType(), &components::Label::TYPE);
+}
+
+TEST_F(UIComponentParserTest, ColoursHaveTheirChannelsInOrder) {
+    const auto expectColor = [](const char *word, float red, float green, float blue) {
+        const math::Vector3 color = panel(std::string(R"("background-color":")") + word + "\"")->getMeshColor();
+        EXPECT_NEAR(color.x, red, 1e-5F) << word;
+        EXPECT_NEAR(color.y, green, 1e-5F) << word;
+        EXPECT_NEAR(color.z, blue, 1e-5F) << word;
+    };
+    expectColor("#369", 0.2F, 0.4F, 0.6F);
+    expectColor("#33cc99", 0.2F, 0.8F, 0.6F);
+    expectColor("rgb(51,102,153)", 0.2F, 0.4F, 0.6F);
+    expectColor("rgba(204,51,102,255)", 0.8F, 0.2F, 0.4F);
+}
+
+namespace {
+
+/// A template whose copies show the mesh that it was given.
+class PreparedPanel : public components::Panel {
+public:
+    explicit PreparedPanel(scene::Mesh *mesh) : Panel("prepared"), mPrepared(mesh) { getMesh(); }
+
+    using Panel::clone;
+    core::Object *clone(core::CloningOptions &) const override { return new PreparedPanel(mPrepared.get()); }
+
+protected:
+    scene::Mesh *createMesh() override { return mPrepared.get(); }
+
+private:
+    core::SmartPtr<scene::Mesh> mPrepared;
+};
+
+/// Whether a template with the border fix changes the mesh that its base has.
+bool changesMesh(scene::Mesh &mesh, const std::string &word) {
+    UIComponentFactory::getSingleton().registerTemplate("prepared", new PreparedPanel(&mesh));
+    mesh.setChanged(false);
+    const core::SmartPtr<Component> made = parse(R"({"type":"prepared","name":"x","border-fix":")" + word + "\"}");
+    EXPECT_EQ(made->getMesh(), &mesh);
+    return mesh.isChanged();
+}
+
+} // namespace
+
+TEST_F(UIComponentParserTest, ABorderFixChangesTheMeshOnlyWhenItIsAnotherOne) {
+    const core::SmartPtr<BorderedRectangleMesh> mesh(
+        new BorderedRectangleMesh("mesh", math::Vector2(0, 0), math::Vector4(0, 0, 0, 0)));
+    EXPECT_TRUE(changesMesh(*mesh, "fit"));
+    EXPECT_FALSE(changesMesh(*mesh, "fit"));
+    EXPECT_TRUE(changesMesh(*mesh, "zero"));
+    EXPECT_TRUE(changesMesh(*mesh, "unknown"));
+    EXPECT_FALSE(changesMesh(*mesh, "none")); // which the unknown word gave
+}
+
+TEST_F(UIComponentParserTest, AMeshOfAnotherKindIgnoresTheBorderFix) {
+    const core::SmartPtr<scene::meshes::SizeableRectangleMesh> mesh(
+        new scene::meshes::SizeableRectangleMesh("mesh", math::Vector2(0, 0)));
+    EXPECT_FALSE(changesMesh(*mesh, "fit"));
+    EXPECT_FALSE(changesMesh(*mesh, "zero"));
 }
 
 } // namespace nurel::ui

@@ -493,3 +493,97 @@ TEST_F(UIManagerFocusTest, IsGoneAlsoWhenAListenerFails) {
     EXPECT_EQ(focusName(), "-");
     manager().setEnabled(true);
 }
+
+// --- Listeners that throw ---
+
+namespace {
+
+/// A panel at 100, 400 of 200 x 100 pixels whose listeners throw where they are told to.
+class UIManagerThrowingTest : public UIManagerFocusTest {
+public:
+    UIManagerThrowingTest() : mPanel(addPanel(*mWidget, "p", 100, 400, 200, 100)) {
+        mPanel->setTabStop(0);
+        mPanel->enableEvents(UIEvent::ET_DRAG_EVENT);
+        frame();
+    }
+
+    static bool fail() { throw core::IllegalStateException("not now"); }
+
+    void throwAt(int action) {
+        mPanel->MouseCallbacks::subscribeCallback([action](UIEventHandler *, const MouseEvent &event) {
+            return event.getAction() == action && fail();
+        });
+    }
+
+    core::SmartPtr<Panel> mPanel;
+};
+
+} // namespace
+
+TEST_F(UIManagerThrowingTest, NothingIsPressedOrFocusedByAPressThatFails) {
+    throwAt(MouseEvent::MOUSE_PRESS);
+    moveTo(150, 450);
+    EXPECT_THROW(press(), core::IllegalStateException);
+    EXPECT_EQ(focusName(), "-");
+    record();
+    moveTo(190, 450);
+    EXPECT_EQ(manager().getDragging(), nullptr);
+    EXPECT_EQ(events(), (Lines{"move p>p"})); // no drag begins
+    release();
+    EXPECT_EQ(events(), (Lines{})); // and there is nothing to release
+}
+
+TEST_F(UIManagerThrowingTest, NothingStaysPressedAfterAReleaseThatFails) {
+    throwAt(MouseEvent::MOUSE_RELEASE);
+    moveTo(150, 450);
+    press();
+    EXPECT_THROW(release(), core::IllegalStateException);
+    record();
+    moveTo(190, 450);
+    EXPECT_EQ(manager().getDragging(), nullptr);
+    EXPECT_EQ(events(), (Lines{"move p>p"}));
+    release();
+    EXPECT_EQ(events(), (Lines{}));
+}
+
+TEST_F(UIManagerThrowingTest, NothingStaysDraggedAfterAnEndOfADragThatFails) {
+    mPanel->DragCallbacks::subscribeCallback([](UIEventHandler *, const DragEvent &event) {
+        return event.getAction() == DragEvent::DRAG_END && fail();
+    });
+    moveTo(150, 450);
+    press();
+    moveTo(190, 450);
+    ASSERT_EQ(manager().getDragging(), mPanel.get());
+    EXPECT_THROW(release(), core::IllegalStateException);
+    EXPECT_EQ(manager().getDragging(), nullptr);
+    record();
+    moveTo(195, 450);
+    EXPECT_EQ(events(), (Lines{"move p>p"}));
+}
+
+TEST_F(UIManagerThrowingTest, NothingStaysHoveredAfterALeavingThatFails) {
+    mPanel->HoverCallbacks::subscribeCallback([](UIEventHandler *, const HoverEvent &event) {
+        return event.getAction() == HoverEvent::HOVER_LEAVE && fail();
+    });
+    moveTo(150, 450);
+    ASSERT_EQ(manager().getComponentAtCursor(), mPanel.get());
+    EXPECT_THROW(manager().nextTabStop(UIManager::FORWARD), core::IllegalStateException);
+    EXPECT_EQ(manager().getComponentAtCursor(), nullptr);
+}
+
+TEST_F(UIManagerThrowingTest, InputStaysDisabledWhenTheLossOfTheFocusFails) {
+    mPanel->setFocus();
+    mPanel->FocusCallbacks::subscribeCallback([](UIEventHandler *, const FocusEvent &event) {
+        return event.getAction() == FocusEvent::FOCUS_LOST && fail();
+    });
+    EXPECT_THROW(manager().setEnabled(false), core::IllegalStateException);
+    EXPECT_FALSE(manager().isEnabled());
+    EXPECT_EQ(focusName(), "-");
+    record();
+    moveTo(150, 450);
+    press();
+    EXPECT_EQ(events(), (Lines{}));
+    manager().setEnabled(true);
+    release();
+    EXPECT_EQ(manager().getDragging(), nullptr);
+}

@@ -4,11 +4,14 @@
 #include "support/EngineFixture.h"
 
 #include "nengine/Engine.h"
+#include "ninput/input/Mouse.h"
+#include "nui/ui/UIEvent.h"
 #include "nui/ui/SkinManager.h"
 #include "nui/ui/UIManager.h"
 #include "nui/ui/skins/DefaultSkin.h"
 
 #include <string>
+#include <utility>
 
 namespace test {
 
@@ -126,7 +129,6 @@ TEST_F(WidgetTest, OfTwoOverTheSamePointTheLaterGetsTheEvents) {
     lower->setZIndex(100);
     show(*lower);
     show(*upper);
-    std::string pressed;
     UIManager &manager = UIManager::getSingleton();
     manager.setMousePos({400, 300});
     frame();
@@ -142,6 +144,51 @@ TEST_F(WidgetTest, OfTwoOverTheSamePointTheLaterGetsTheEvents) {
     manager.setMousePos({401, 300});
     frame();
     EXPECT_EQ(manager.getComponentAtCursor(), lower.get()); // brought to the front
+}
+
+TEST_F(WidgetTest, OfTwoOverTheSamePointTheEarlierIsToldNothing) {
+    const core::SmartPtr<Widget> lower(new Widget("lower"));
+    const core::SmartPtr<Widget> upper(new Widget("upper"));
+    std::string told;
+    for (Widget *widget : {lower.get(), upper.get()}) {
+        widget->enableEvents(UIEvent::ET_WHEEL_EVENT);
+        const std::string name = widget->getName();
+        widget->MouseCallbacks::subscribeCallback([&told, name](UIEventHandler *, const MouseEvent &event) {
+            told += name + (event.getAction() == MouseEvent::MOUSE_PRESS ? ":press " : ":release ");
+            return false;
+        });
+        widget->HoverCallbacks::subscribeCallback([&told, name](UIEventHandler *, const HoverEvent &event) {
+            if (event.getAction() == HoverEvent::HOVER_ENTER)
+                told += name + ":enter ";
+            return false;
+        });
+        widget->ClickCallbacks::subscribeCallback([&told, name](UIEventHandler *, const ClickEvent &) {
+            told += name + ":click ";
+            return false;
+        });
+    }
+    // A child of the upper one that takes nothing does not let anything through either.
+    const core::SmartPtr<components::Panel> through(new components::Panel("through"));
+    through->setEventMask(0);
+    through->setSize(Vector2(800, 600));
+    upper->addChild(through.get());
+    show(*lower);
+    show(*upper);
+    UIManager &manager = UIManager::getSingleton();
+    const auto click = [&](int x) {
+        manager.setMousePos({x, 300});
+        frame();
+        manager.setMouseButton(nurel::input::Mouse::LEFT, nurel::input::Mouse::PRESS);
+        frame();
+        manager.setMouseButton(nurel::input::Mouse::LEFT, nurel::input::Mouse::RELEASE);
+        frame();
+        return std::exchange(told, {});
+    };
+    EXPECT_EQ(click(400), "upper:enter upper:press upper:release upper:click ");
+    manager.removeWidget(upper.get());
+    frame();
+    told.clear();
+    EXPECT_EQ(click(410), "lower:enter lower:press lower:release lower:click ");
 }
 
 } // namespace test

@@ -317,4 +317,46 @@ TEST_F(LabelTest, NeverMakesASecondView) {
     EXPECT_EQ(bare.visit(nullptr), nullptr);
 }
 
+TEST_F(LabelTest, TheBoundsInHeightAreTheMaximumThenTheMinimum) {
+    label->setText("Text");
+    label->setAutoSize(Component::AUTO_SIZE_WIDTH | Component::AUTO_SIZE_HEIGHT);
+    const float height = label->getAutoSize(Vector2(0, 0)).y;
+    ASSERT_GT(height, 4);
+    const auto limit = [&](float minimum, float maximum) {
+        label->setMinimumHeight(minimum);
+        label->setMaximumHeight(maximum);
+        label->getAutoSize(Vector2(0, 0));
+        return label->getTextMesh()->getSizeLimit();
+    };
+    EXPECT_EQ(limit(0, height - 2), Vector2(-1, height - 2));
+    EXPECT_EQ(limit(height + 3, 0), Vector2(-1, height + 3));
+    EXPECT_EQ(limit(height + 3, height - 2), Vector2(-1, height + 3)); // the minimum has the last word
+    EXPECT_EQ(limit(height - 3, height + 2), Vector2(-1, -1));
+}
+
+TEST_F(LabelTest, ABoundThatIsMetExactlyIsNoLimit) {
+    label->setText("Text");
+    label->setAutoSize(Component::AUTO_SIZE_WIDTH | Component::AUTO_SIZE_HEIGHT);
+    const Vector2 extents = label->getAutoSize(Vector2(0, 0));
+    label->setMinimumSize(extents);
+    label->setMaximumSize(extents);
+    label->getAutoSize(Vector2(0, 0));
+    EXPECT_EQ(label->getTextMesh()->getSizeLimit(), Vector2(-1, -1));
+    label->setMaximumWidth(extents.x - 0.5f);
+    label->setMinimumWidth(0);
+    label->getAutoSize(Vector2(0, 0));
+    EXPECT_EQ(label->getTextMesh()->getSizeLimit(), Vector2(extents.x - 0.5f, -1));
+}
+
+TEST_F(LabelTest, TheBoundsAreNotHeldAgainstTheSecondMeasurement) {
+    label->setText("several words that do not fit into a hundred");
+    label->setAutoSize(Component::AUTO_SIZE_WIDTH | Component::AUTO_SIZE_HEIGHT);
+    const float oneLine = label->getAutoSize(Vector2(0, 0)).y;
+    label->setMaximumWidth(100);
+    label->setMaximumHeight(oneLine + 1); // wide enough for one line, and the text has more once it is wrapped
+    const Vector2 wrapped = label->getAutoSize(Vector2(0, 0));
+    EXPECT_EQ(label->getTextMesh()->getSizeLimit(), Vector2(100, -1));
+    EXPECT_GT(wrapped.y, oneLine + 1);
+}
+
 } // namespace test

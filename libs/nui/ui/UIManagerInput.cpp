@@ -203,6 +203,7 @@ void UIManager::hover(InputPass &pass) {
     pass.target = handleEvent(pass.target, HoverEvent(pointer.ray, pointer.cursor, HoverEvent::HOVER_MOVE));
     if (pass.target == mHovered)
         return;
+    const detail::ForgetScope forgotten(mHovered); // of use only when a listener fails
     if (Component *left = mHovered) {
         handleEvent(left, HoverEvent(pointer.ray, pointer.cursor, HoverEvent::HOVER_LEAVE));
         if (mHovered && mHovered != left)

@@ -3,6 +3,8 @@
 
 #include "nui/ui/ManagerTest.h"
 
+#include "foundation/core/Exception.h"
+
 #include <thread>
 
 using namespace nurel::ui;
@@ -245,6 +247,17 @@ TEST_F(UIManagerHandlersTest, SurvivesComponentsThatDieInEachOfTheirHandlers) {
         click(350, 450);
         key(0x1e);
     });
+}
+
+TEST_F(UIManagerHandlersTest, LeavesOnceThoughTheListenerFails) {
+    moveTo(200, 200);
+    mLeft->HoverCallbacks::subscribeCallback([](UIEventHandler *, const HoverEvent &event) -> bool {
+        if (event.getAction() == HoverEvent::HOVER_LEAVE)
+            throw core::IllegalStateException("not now");
+        return false;
+    });
+    EXPECT_THROW(moveTo(500, 200), core::IllegalStateException);
+    EXPECT_EQ(manager().getComponentAtCursor(), nullptr);
 }
 
 TEST_F(UIManagerHandlersTest, SurvivesANestedPass) {

@@ -141,6 +141,15 @@ TEST_F(ComponentClone, StandsInNoTreeAndHasNoViewHandlerOrCallbacks) {
     handler.setTarget(nullptr);
 }
 
+TEST_F(ComponentClone, IsNotDisabledByTheParentOfItsSource) {
+    Leaf source("source");
+    source.setParentEnabled(false);
+    ASSERT_FALSE(source.isEnabled());
+    const auto copy = cloneOf(source);
+    EXPECT_TRUE(copy->isEnabled());
+    EXPECT_TRUE(copy->hasState(Component::STATE_DISABLED)); // the state is copied as it stands
+}
+
 TEST_F(ComponentClone, AViewOfTheTargetIsReleased) {
     Leaf source("source");
     Leaf target("target");

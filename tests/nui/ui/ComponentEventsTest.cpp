@@ -477,4 +477,68 @@ TEST_F(ComponentEvents, AFilterMayDestroyTheComponent) {
     EXPECT_EQ(leaf->handleEvent(press()), nullptr);
 }
 
+namespace {
+
+/// Notes the state bits and the dirty flags that its hooks and its focus callbacks find.
+class Probing : public Box {
+public:
+    using Box::Box;
+
+    void onMouseUp(const CursorPosition &) override { note(); }
+    void onMouseDown(const CursorPosition &) override { note(); }
+    void onMouseEnter(const CursorPosition &) override { note(); }
+    void onMouseLeave() override { note(); }
+
+    void note() {
+        ++notes;
+        stateSeen = getState();
+        dirtySeen = dirty();
+    }
+
+    int notes = 0;
+    unsigned int stateSeen = 0;
+    unsigned int dirtySeen = 0;
+};
+
+} // namespace
+
+TEST_F(ComponentEvents, HooksFindTheNewStateAndTheMarkedView) {
+    const core::SmartPtr<Probing> probing(new Probing("probing"));
+    const auto expectSeen = [&](const UIEvent &event, unsigned int before, unsigned int state) {
+        probing->setState(before);
+        probing->clean();
+        probing->notes = 0;
+        EXPECT_EQ(probing->handleEvent(event), probing.get());
+        EXPECT_EQ(probing->notes, 1);
+        EXPECT_EQ(probing->stateSeen, state);
+        EXPECT_EQ(probing->dirtySeen, 0x10U);
+    };
+    expectSeen(hover(HoverEvent::HOVER_ENTER), 0, 0x01);
+    expectSeen(hover(HoverEvent::HOVER_LEAVE), 0x07, 0x04);
+    expectSeen(press(), 0x05, 0x03);
+    expectSeen(release(), 0x03, 0x04); // without a view nothing is hit, so that the hover goes too
+}
+
+TEST_F(ComponentEvents, FocusCallbacksFindTheMarkedView) {
+    const core::SmartPtr<Probing> probing(new Probing("probing"));
+    probing->setTabStop(0);
+    probing->FocusCallbacks::subscribeCallback([&](UIEventHandler *, const FocusEvent &) {
+        probing->note();
+        return false;
+    });
+    probing->clean();
+    EXPECT_EQ(probing->handleEvent(FocusEvent(FocusEvent::FOCUS_GAINED)), probing.get());
+    EXPECT_EQ(probing->notes, 1);
+    EXPECT_EQ(probing->dirtySeen, 0x10U);
+}
+
+TEST_F(ComponentEvents, AComponentHiddenByItsParentAlonePassesEventsOn) {
+    child->setParentVisible(false);
+    EXPECT_EQ(child->handleEvent(press()), parent.get());
+    EXPECT_EQ(child->take(), "");
+    EXPECT_EQ(parent->take(), "down(3,4)");
+    child->setParentVisible(true);
+    EXPECT_EQ(child->handleEvent(press()), child.get());
+}
+
 } // namespace test

@@ -4,6 +4,7 @@
 #include "support/EngineFixture.h"
 
 #include "nmain/math/Matrix4.h"
+#include "nui/ui/Animation.h"
 #include "nui/ui/AnimationContext.h"
 #include "nui/ui/UIManager.h"
 
@@ -162,6 +163,25 @@ TEST_F(ComponentGeometry, TheParentsFrameMovesItsInside) {
     EXPECT_EQ(root->getContainerSize(), Vector2(288, 184));
 }
 
+TEST_F(ComponentGeometry, EdgeAnchorsAddTheMarginAndTheParentsInset) {
+    root->setPadding(Vector4(10, 2, 4, 6));
+    root->setBorder(Vector4(5, 1, 1, 3));
+    child->setSize(Vector2(100, 40));
+    child->setMargin(Vector4(3, 20, 9, 8));
+    child->setAnchor(Component::ANCHOR_TOP_LEFT);
+    EXPECT_EQ(child->calculatePosition(), Vector3(11, 8, 0)); // 8 + 3 and 3 + 5
+    update();
+    ASSERT_EQ(root->getContainerSize(), Vector2(288, 180));
+    ASSERT_EQ(child->getSize(), Vector2(72, 28));
+    EXPECT_EQ(child->getPosition(), Vector3(-97, -68, 0));
+    child->setAnchor(Component::ANCHOR_BOTTOM_RIGHT);
+    EXPECT_EQ(child->calculatePosition(), Vector3(11, 8, 0));
+    update();
+    EXPECT_EQ(child->getPosition(), Vector3(119, 84, 0));
+    child->setAnchor(Component::ANCHOR_CENTER);
+    EXPECT_EQ(child->calculatePosition(), Vector3(-3, 2, 0));
+}
+
 TEST_F(ComponentGeometry, PositionsAreWholePixelsAndKeepTheirDepth) {
     child->setPosition(Vector2(-1.5f, 2.75f), Vector2(0.1f, 0));
     child->setDepth(7.5f);
@@ -299,6 +319,28 @@ TEST_F(ComponentGeometry, AutoSizeReplacesTheRelativePartInItsAxis) {
     EXPECT_EQ(measured->getSize(), Vector2(38, 30));
 }
 
+TEST_F(ComponentGeometry, ASizeIsRelativeThenInRatioThenAutomaticThenLimitedThenWithoutItsMargins) {
+    const core::SmartPtr<Measured> measured(new Measured("measured"));
+    root->addChild(measured.get());
+    measured->setSize(Vector2(10, 20), Vector2(0.5f, 0.5f)); // 160 x 120
+    measured->setFixedAspectRatio(1);
+    update();
+    EXPECT_EQ(measured->getSize(), Vector2(120, 120));
+    measured->setAutoSize(Component::AUTO_SIZE_WIDTH, Vector2(5, 6));
+    update();
+    EXPECT_EQ(measured->asked, Vector2(120, 120));
+    EXPECT_EQ(measured->getSize(), Vector2(38, 120)); // no longer in the ratio
+    measured->setMaximumSize(Vector2(30, 0));
+    measured->setMinimumSize(Vector2(0, 150));
+    update();
+    EXPECT_EQ(measured->asked, Vector2(120, 120));
+    EXPECT_EQ(measured->getSize(), Vector2(30, 150));
+    measured->setMargin(Vector4(1, 2, 3, 4));
+    update();
+    EXPECT_EQ(measured->asked, Vector2(120, 120));
+    EXPECT_EQ(measured->getSize(), Vector2(24, 146)); // beyond the minimum
+}
+
 TEST_F(ComponentGeometry, TheBaseGivesTheDeclaredSizeAsItsAutoSize) {
     EXPECT_EQ(child->getAutoSize(Vector2(12, 34)), Vector2(12, 34));
 }
@@ -421,6 +463,40 @@ TEST_F(ComponentGeometry, ATransformGivesScaleRotationAndPlace) {
     EXPECT_EQ(child->getComponentPosition().absolute, Vector2(11, 12));
     EXPECT_EQ(child->getComponentPosition().relative, Vector2(0.5f, 0.25f));
     EXPECT_EQ(child->getDepth(), 9);
+}
+
+namespace {
+
+void expectRotation(const Component &component, const Matrix3 &rotation) {
+    for (unsigned int i = 0; i < 9; ++i)
+        EXPECT_NEAR(component.getRotation()[i], rotation[i], 1e-5f) << i;
+}
+
+} // namespace
+
+TEST_F(ComponentGeometry, ATransformTurnsTheComponentAtOnceOrWithTheOpenAnimation) {
+    const Matrix3 eighth(0.75f, Vector3(0, 0, 1));
+    child->setTransform(Matrix4(Vector3(2, 3, 1), eighth, Vector3(11, 12, 13)));
+    expectRotation(*child, eighth);
+    EXPECT_NEAR(child->getScale().x, 2, 1e-5f);
+    EXPECT_NEAR(child->getScale().y, 3, 1e-5f);
+
+    const Matrix3 back(-0.5f, Vector3(0, 0, 1));
+    child->setPosition(Vector2(11, 12), Vector2(0.5f, 0.25f));
+    const core::SmartPtr<AnimationContext> open(UIManager::getSingleton().beginAnimation());
+    child->setTransform(Matrix4(Vector3(4, 5, 1), back, Vector3(21, 22, 23)));
+    UIManager::getSingleton().cancelAnimation();
+    expectRotation(*child, eighth);
+    ASSERT_EQ(open->getAnimations().size(), 3U);
+    Animation::TimeInfo end;
+    end.progress = 1;
+    for (const auto &animation : open->getAnimations())
+        animation->update(end);
+    expectRotation(*child, back);
+    EXPECT_NEAR(child->getScale().x, 4, 1e-5f);
+    EXPECT_NEAR(child->getScale().y, 5, 1e-5f);
+    EXPECT_EQ(child->getComponentPosition().absolute, Vector2(21, 22));
+    EXPECT_EQ(child->getComponentPosition().relative, Vector2(0.5f, 0.25f));
 }
 
 TEST_P(ComponentSetter, InvalidatesTheGeometryAndComparesAsItIsTold) {

@@ -13,6 +13,7 @@
 #include "nui/ui/UIManager.h"
 
 #include <cstdint>
+#include <utility>
 #include <vector>
 
 namespace test {
@@ -91,6 +92,57 @@ TEST_F(ComponentMesh, HasTexturesByStage) {
     EXPECT_EQ(leaf->getMeshTexture(0), nullptr);
     leaf->setMeshTexture(pool["white"], 1000);
     EXPECT_EQ(leaf->getMeshTexture(1000), nullptr);
+}
+
+namespace {
+
+/// Counts how often the properties are spread.
+class CountingMesh : public BorderedRectangleMesh {
+public:
+    CountingMesh() : BorderedRectangleMesh("mMesh", Vector2(0, 0), Vector4(0, 0, 0, 0), nullptr, nullptr) {}
+    void updateProperties() override {
+        ++updates;
+        BorderedRectangleMesh::updateProperties();
+    }
+    int updates = 0;
+};
+
+class WithCountingMesh : public Leaf {
+public:
+    using Leaf::Leaf;
+    nurel::scene::Mesh *createMesh() override { return new CountingMesh; }
+    int takeUpdates() { return std::exchange(static_cast<CountingMesh &>(*getMesh()).updates, 0); }
+};
+
+} // namespace
+
+TEST_F(ComponentMesh, SpreadsItsPropertiesOnlyWhenAStageIsFilledOrEmptied) {
+    auto &pool = nurel::texture::TexturePool::getSingleton();
+    const std::vector<std::uint8_t> pixels(4 * 4 * 4, 255);
+    pool.add("white", 4, 4, pixels.data());
+    pool.add("other", 4, 4, pixels.data());
+    const core::SmartPtr<WithCountingMesh> counting(new WithCountingMesh("counting"));
+    EXPECT_EQ(counting->getMeshTexture(0), nullptr); // makes the property
+    counting->takeUpdates();
+    counting->setMeshTexture(static_cast<nurel::texture::Texture *>(nullptr), 0);
+    EXPECT_EQ(counting->takeUpdates(), 0);
+    counting->setMeshTexture("white", 0);
+    EXPECT_EQ(counting->takeUpdates(), 1);
+    counting->setMeshTexture("other", 0);
+    EXPECT_EQ(counting->getMeshTexture(0), pool["other"]);
+    EXPECT_EQ(counting->takeUpdates(), 0);
+    counting->setMeshTexture(static_cast<nurel::texture::Texture *>(nullptr), 0);
+    EXPECT_EQ(counting->takeUpdates(), 1);
+}
+
+TEST_F(ComponentMesh, AnUnknownTextureNameEmptiesTheStage) {
+    const std::vector<std::uint8_t> pixels(4 * 4 * 4, 255);
+    nurel::texture::TexturePool::getSingleton().add("white", 4, 4, pixels.data());
+    leaf->setMeshTexture("white", 0);
+    ASSERT_NE(leaf->getMeshTexture(0), nullptr);
+    leaf->setMeshTexture("unknown", 0);
+    EXPECT_EQ(leaf->getMeshTexture(0), nullptr);
+    EXPECT_EQ(log().takeOne(logging::Level::WARN), "Cannot find image unknown");
 }
 
 TEST_F(ComponentMesh, OpacityIsTheMaterialsAlpha) {

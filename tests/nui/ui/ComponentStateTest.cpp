@@ -295,6 +295,31 @@ TEST_F(ComponentState, ANewParentMarksEverythingAndPassesItsFlagsOn) {
     EXPECT_EQ(leaf->getHierrarchyDepth(), 0U);
 }
 
+TEST_F(ComponentState, AnEnabledChildThatIsAddedToADisabledParentHasNoDisabledState) {
+    // The enabled flag comes along with the visible one, so that nothing is left for it to change.
+    Box other("other");
+    other.setEnabled(false);
+    const core::SmartPtr<Leaf> leaf(new Leaf("leaf"));
+    other.addChild(leaf.get());
+    EXPECT_FALSE(leaf->isEnabled());
+    EXPECT_TRUE(leaf->isVisible());
+    EXPECT_FALSE(leaf->hasState(Component::STATE_DISABLED));
+    EXPECT_TRUE(other.hasState(Component::STATE_DISABLED));
+    other.removeChild(leaf.get());
+    EXPECT_TRUE(leaf->isEnabled());
+}
+
+TEST_F(ComponentState, LeavingAParentStillMarksIt) {
+    child->setParent(nullptr);
+    EXPECT_EQ(child->dirty(), 0x7fU);
+    EXPECT_EQ(parent->dirty(), 0x26U);
+    EXPECT_FALSE(child->hasParent());
+    clean();
+    child->setParent(nullptr); // no other parent than before
+    EXPECT_EQ(child->dirty(), 0U);
+    EXPECT_EQ(parent->dirty(), 0U);
+}
+
 TEST_F(ComponentState, DepthsInTheTreeFollowItsRoot) {
     Box root("root");
     EXPECT_EQ(child->getHierrarchyDepth(), 1U);
@@ -346,6 +371,28 @@ TEST_F(ComponentState, TheFocusIsTheManagers) {
     EXPECT_TRUE(child->hasFocus());
     EXPECT_EQ(UIManager::getSingleton().getFocus(), child.get());
     EXPECT_TRUE(child->hasState(Component::STATE_FOCUSED));
+}
+
+TEST_F(ComponentState, OnlyWhatWasEnabledAndVisibleHasTheFocusCheckedWhenItIsShownOrHidden) {
+    const core::SmartPtr<Leaf> other(new Leaf("other"));
+    other->setEnabled(false);
+    child->setTabStop(0);
+    child->setFocus();
+    child->setParentEnabled(false); // it can no longer keep the focus, which nobody has looked at
+    ASSERT_TRUE(child->hasFocus());
+    other->setVisible(false); // visible, but disabled
+    EXPECT_TRUE(child->hasFocus());
+    other->setVisible(true);
+    EXPECT_TRUE(child->hasFocus());
+    const core::SmartPtr<Leaf> hidden(new Leaf("hidden"));
+    const core::SmartPtr<Leaf> shown(new Leaf("shown"));
+    child->setParentEnabled(true);
+    hidden->setVisible(false);
+    child->setParentEnabled(false);
+    hidden->setVisible(true); // enabled, but it was hidden
+    EXPECT_TRUE(child->hasFocus());
+    shown->setVisible(false);
+    EXPECT_FALSE(child->hasFocus());
 }
 
 TEST_F(ComponentState, TheElementMayBeChanged) {

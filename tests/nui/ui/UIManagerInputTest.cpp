@@ -258,6 +258,25 @@ TEST_F(UIManagerInputTest, ReleasesNothingThatWasNotPressed) {
     EXPECT_EQ(events(), (Lines{}));
 }
 
+TEST_F(UIManagerInputTest, ReleasesAndClicksNothingAfterAPressThatAFilterDropped) {
+    mLeft->FilterCallbacks::subscribeCallback([](UIEventHandler *, const UIEvent &event, UIEventHandler *&handler) {
+        if (event.getType() == UIEvent::ET_MOUSE_EVENT &&
+            static_cast<const MouseEvent &>(event).getAction() == MouseEvent::MOUSE_PRESS)
+            handler = nullptr;
+        return false;
+    });
+    mLeft->setTabStop(0);
+    moveTo(200, 200);
+    record();
+    press();
+    EXPECT_EQ(events(), (Lines{"press left>-"}));
+    EXPECT_FALSE(mLeft->hasState(Component::STATE_ACTIVE));
+    release();
+    EXPECT_EQ(events(), (Lines{}));
+    EXPECT_EQ(manager().getFocus(), nullptr);
+    EXPECT_FALSE(mLeft->hasState(Component::STATE_RELEASED));
+}
+
 TEST_F(UIManagerInputTest, ConsumesOtherButtonsAndDoesNothing) {
     moveTo(200, 200);
     record();

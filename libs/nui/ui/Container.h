@@ -145,6 +145,9 @@ protected:
 
     void _addChild(Component *child, bool useLayout);
 
+    /// For controls whose parts follow their state: gives one a state word; its view is marked if that changed.
+    static void setChildState(Component &child, unsigned int state) { child.setState(state); }
+
     /// Lets the layout place the children, and those that it moved take their places.
     virtual void updateLayout();
 

@@ -21,6 +21,7 @@ float verticalFrame(const BoxModel &box) {
 } // namespace
 
 void Container::setLayout(Layout *layout) {
+    const Keeper self(this);
     const core::SmartPtr<Layout> old = mLayout;
     mLayout = layout;
     if (old && old != layout && old->getOwner() == this)
@@ -102,13 +103,13 @@ void Container::updateContent() {
     // 4. and 5.
     if (!isDirty(DIRTY_CONTENT))
         return;
+    const Keeper self(this); // a layout that hides components runs callbacks, and so do the bars
     setClean(DIRTY_CONTENT | DIRTY_ZORDER);
     updateLayout();
     // 6. to 8.
     measureContent();
     measureScrollRoom();
     // 9. to 11.
-    const Keeper self(this);
     updateBar(HORIZONTAL);
     updateBar(VERTICAL);
     if (getAutoSizeFlags() != 0)

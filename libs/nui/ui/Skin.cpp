@@ -4,6 +4,8 @@
 #include "nui/ui/ComponentView.h"
 #include "nui/ui/SkinManager.h"
 #include "nui/ui/Widget.h"
+#include "nui/ui/components/Button.h"
+#include "nui/ui/components/Checkbox.h"
 #include "nui/ui/components/Image.h"
 #include "nui/ui/components/Label.h"
 #include "nui/ui/components/Panel.h"
@@ -29,6 +31,8 @@ constexpr SkinnableClass SKINNABLE_CLASSES[] = {
     {Widget::TYPE, visitAs<Widget>},
     {components::Label::TYPE, visitAs<components::Label>},
     {components::Panel::TYPE, visitAs<components::Panel>},
+    {components::Button::TYPE, visitAs<components::Button>},
+    {components::Checkbox::TYPE, visitAs<components::Checkbox>},
     {components::Image::TYPE, visitAs<components::Image>},
 };
 

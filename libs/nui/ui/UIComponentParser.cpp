@@ -6,9 +6,12 @@
 #include "nui/ui/UIComponentFactory.h"
 #include "nui/ui/UIManager.h"
 #include "nui/ui/Widget.h"
+#include "nui/ui/components/Button.h"
+#include "nui/ui/components/Checkbox.h"
 #include "nui/ui/components/Image.h"
 #include "nui/ui/components/Label.h"
 #include "nui/ui/components/Panel.h"
+#include "nui/ui/components/Radio.h"
 
 #include "nengine/EngineFactory.h"
 
@@ -32,7 +35,10 @@ struct TypeWord {
 
 constexpr TypeWord TYPE_WORDS[] = {
     {"panel", &components::Panel::TYPE},
+    {"button", &components::Button::TYPE},
     {"label", &components::Label::TYPE},
+    {"checkbox", &components::Checkbox::TYPE},
+    {"radio", &components::Radio::TYPE},
     {"image", &components::Image::TYPE},
     {"widget", &Widget::TYPE},
 };

@@ -4,6 +4,8 @@
 #include "nui/core/CKHashMap.h"
 #include "nui/ui/Container.h"
 #include "nui/ui/Layout.h"
+#include "nui/ui/components/Button.h"
+#include "nui/ui/components/Checkbox.h"
 #include "nui/ui/components/Label.h"
 #include "nui/ui/css/Common.h"
 
@@ -168,6 +170,27 @@ void parseLabelKeys(const JSObject &json, Component &component) {
         static_cast<components::Label &>(component).setText(text);
 }
 
+void parseCheckboxKeys(const JSObject &json, Component &component) {
+    auto &checkbox = static_cast<components::Checkbox &>(component);
+    std::string buffer;
+    if (const char *text = readText(json, "text", buffer))
+        checkbox.setText(text);
+    checkbox.setChecked(json.getBool("checked", false)); // a missing key unchecks, also over a base template
+}
+
+void parseButtonKeys(const JSObject &json, Component &component) {
+    auto &button = static_cast<components::Button &>(component);
+    std::string buffer;
+    if (const char *text = readText(json, "text", buffer))
+        button.setText(text);
+    if (json.hasKey("icon"))
+        button.setIconVisible(json.getBool("icon", false));
+    if (json.hasKey("checkable"))
+        button.setCheckable(json.getBool("checkable", false));
+    if (json.hasKey("checked"))
+        button.setChecked(json.getBool("checked", false));
+}
+
 /// The keys that a class adds. The first row whose type fits is the only one that counts, so a class stands ahead of the
 /// ones that it derives from.
 struct ClassKeys {
@@ -177,6 +200,8 @@ struct ClassKeys {
 
 constexpr ClassKeys CLASS_KEYS[] = {
     {&components::Label::TYPE, parseLabelKeys},
+    {&components::Checkbox::TYPE, parseCheckboxKeys},
+    {&components::Button::TYPE, parseButtonKeys},
 };
 
 } // namespace

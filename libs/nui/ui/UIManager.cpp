@@ -19,11 +19,15 @@
 #include "nui/ui/SkinManager.h"
 #include "nui/ui/UIComponentFactory.h"
 #include "nui/ui/Widget.h"
+#include "nui/ui/components/Button.h"
+#include "nui/ui/components/Checkbox.h"
 #include "nui/ui/components/Image.h"
 #include "nui/ui/components/Label.h"
 #include "nui/ui/components/Panel.h"
+#include "nui/ui/components/Radio.h"
 #include "nui/ui/detail/UIManagerScopes.h"
 #include "nui/ui/layouts/FlowLayout.h"
+#include "nui/ui/layouts/FormLayout.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -50,9 +54,15 @@ core::Object *create() {
 }
 
 constexpr Creatable CREATABLE_CLASSES[] = {
-    {components::Label::TYPE, create<components::Label>},     {components::Panel::TYPE, create<components::Panel>},
-    {components::Image::TYPE, create<components::Image>},     {Widget::TYPE, create<Widget>},
+    {components::Button::TYPE, create<components::Button>},
+    {components::Checkbox::TYPE, create<components::Checkbox>},
+    {components::Image::TYPE, create<components::Image>},
+    {components::Label::TYPE, create<components::Label>},
+    {components::Panel::TYPE, create<components::Panel>},
+    {components::Radio::TYPE, create<components::Radio>},
     {layouts::FlowLayout::TYPE, create<layouts::FlowLayout>},
+    {layouts::FormLayout::TYPE, create<layouts::FormLayout>},
+    {Widget::TYPE, create<Widget>},
 };
 
 constexpr unsigned int NO_SUBSCRIPTION = 0xffff;

@@ -4,6 +4,7 @@
 #include "foundation/core/Type.h"
 #include "nengine/font/Font.h"
 #include "nengine/scene/meshes/TextMesh.h"
+#include "ninput/input/Keyboard.h"
 #include "nmain/core/CloningOptions.h"
 #include "nui/ui/ComponentView.h"
 #include "nui/ui/Skin.h"
@@ -18,7 +19,6 @@ const char *const Button::ELEMENT = "button";
 
 namespace {
 
-constexpr int KEY_RETURN = 0x1c;
 constexpr int LABEL_Z_INDEX = -1;
 
 /// A label in all but what it starts with: its clone is a plain label.
@@ -187,7 +187,7 @@ UIEventHandler *Button::handleEvent(const UIEvent &event) {
 }
 
 UIEventHandler *Button::processEvent(const KeyEvent &event) {
-    if (event.isPressed() && event.getKey() == KEY_RETURN) {
+    if (event.isPressed() && event.getKey() == input::Keyboard::K_RETURN) {
         const Ray ray;
         const CursorPosition origin;
         handleEvent(ClickEvent(ray, origin, origin));

@@ -58,7 +58,8 @@ RuleIndex::RuleIndex(const CSS &sheet) : mRevision(Selector::getRevision()), mWo
     mStamps.resize(mWords.size());
 }
 
-/// False for a rule that asks for what no component can be.
+/// False for a rule that nothing can match. One of several selectors that asks for two names or two element words is
+/// kept: no component has both.
 bool RuleIndex::readRule(const Rule &rule, Candidate &candidate) {
     for (const auto &selector : rule.getSelectors()) {
         for (const auto &element : selector->getElements()) {
@@ -66,6 +67,8 @@ bool RuleIndex::readRule(const Rule &rule, Candidate &candidate) {
                 return false;
         }
     }
+    std::sort(candidate.words.begin(), candidate.words.end());
+    candidate.words.erase(std::unique(candidate.words.begin(), candidate.words.end()), candidate.words.end());
     for (const Word word : candidate.words)
         ++mWords[word].rules;
     return true;
@@ -80,31 +83,21 @@ bool RuleIndex::readElement(const SelectorElement &element, Candidate &candidate
         candidate.states |= element.getState();
         return true;
     case SelectorElement::TYPE_ELEMENT:
-        return element.isAnyElement() || addWord(KIND_ELEMENT, value, candidate);
+        if (!element.isAnyElement())
+            candidate.words.push_back(obtainWord(KIND_ELEMENT, value));
+        return true;
     case SelectorElement::TYPE_CLASS:
         for (std::size_t first = 0; first < value.size();) {
             const std::string_view name(value.data() + first);
-            addWord(KIND_CLASS, name, candidate);
+            candidate.words.push_back(obtainWord(KIND_CLASS, name));
             first += name.size() + 1;
         }
         return true;
     case SelectorElement::TYPE_ID:
-        return addWord(KIND_ID, value, candidate);
+        candidate.words.push_back(obtainWord(KIND_ID, value));
+        return true;
     }
     return false;
-}
-
-/// False when a rule with several selectors asks for two names or two element words.
-bool RuleIndex::addWord(Kind kind, std::string_view text, Candidate &candidate) {
-    const Word word = obtainWord(kind, text);
-    for (const Word other : candidate.words) {
-        if (other == word)
-            return true;
-        if (kind != KIND_CLASS && mWords[other].kind == kind)
-            return false;
-    }
-    candidate.words.push_back(word);
-    return true;
 }
 
 RuleIndex::Word RuleIndex::obtainWord(Kind kind, std::string_view text) {

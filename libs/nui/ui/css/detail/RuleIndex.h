@@ -86,7 +86,6 @@ private:
     // making
     bool readRule(const Rule &rule, Candidate &candidate);
     bool readElement(const SelectorElement &element, Candidate &candidate);
-    bool addWord(Kind kind, std::string_view text, Candidate &candidate);
     Word obtainWord(Kind kind, std::string_view text);
     void growTable();
     Word chooseBucket(const Candidate &candidate) const;

@@ -78,8 +78,9 @@ public:
     }
 
     std::string selectorText() {
-        static constexpr std::array CHUNKS = {".x", ".y", ".z", ".w", ".x", ".y", "#n", "#m", "#x", ":hover", ":focus",
-                                              ":active", ":checked", ":enabled", ":foo", ".", "#", ":", ".unknown"};
+        static constexpr std::array CHUNKS = {".x",   ".y", ".z",     ".w",     ".x",      ".y",       "#n",
+                                              "#m",   "#x", ":hover", ":focus", ":active", ":checked", ":enabled",
+                                              ":foo", ".",  "#",      ":",      ".unknown"};
         std::string text;
         if (!oneIn(3))
             text = from(std::array{"a", "b", "c", "a", "b", "*", "*a", "x", "unknown"});

@@ -11,6 +11,8 @@
 #include "nui/ui/components/Image.h"
 #include "nui/ui/components/Label.h"
 
+#include <string>
+
 namespace nurel::ui::components {
 
 constinit const core::Type Button::TYPE("Button", &Container::TYPE);
@@ -152,11 +154,14 @@ void Button::addClass(const char *name) {
 }
 
 void Button::removeClass(const char *name) {
-    Container::removeClass(name);
+    if (!name)
+        return Container::removeClass(name);
+    const std::string kept(name); // it may be a key of one of the sets
+    Container::removeClass(kept.c_str());
     if (Label *label = getLabel())
-        label->removeClass(name);
+        label->removeClass(kept.c_str());
     if (Image *icon = getIcon())
-        icon->removeClass(name);
+        icon->removeClass(kept.c_str());
 }
 
 void Button::removeClasses() {

@@ -383,6 +383,12 @@ TEST_F(ButtonTest, HandsItsClassesOn) {
     EXPECT_FALSE(label.hasClass("a"));
     EXPECT_FALSE(icon.hasClass("a"));
     EXPECT_TRUE(label.hasClass("own"));
+    mButton->removeClass(nullptr);
+    mButton->removeClass(mButton->getClasses().begin()->first); // its own copy of the name
+    EXPECT_FALSE(mButton->hasClass("b"));
+    EXPECT_FALSE(label.hasClass("b"));
+    EXPECT_FALSE(icon.hasClass("b"));
+    mButton->addClass("c");
     mButton->removeClasses();
     EXPECT_TRUE(mButton->getClasses().empty());
     EXPECT_TRUE(label.getClasses().empty()); // its own ones too

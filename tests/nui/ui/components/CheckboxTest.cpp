@@ -196,6 +196,11 @@ TEST_F(CheckboxTest, HandsItsClassesOn) {
     EXPECT_FALSE(label.hasClass("a"));
     EXPECT_FALSE(check.hasClass("a"));
     EXPECT_TRUE(label.hasClass("b"));
+    mCheckbox->removeClass(nullptr);
+    mCheckbox->removeClass(mCheckbox->getClasses().begin()->first); // its own copy of the name
+    EXPECT_FALSE(label.hasClass("b"));
+    EXPECT_FALSE(check.hasClass("b"));
+    mCheckbox->addClass("c");
     mCheckbox->removeClasses();
     EXPECT_TRUE(mCheckbox->getClasses().empty());
     EXPECT_TRUE(label.getClasses().empty());

@@ -90,11 +90,12 @@ public:
         at(1).setTabStop(0);
         at(1).setFocus();
         ASSERT_EQ(manager().getFocus(), &at(1));
-        manager().getEventObserver().subscribeCallback([this, act](UIEventHandler *, const UIEvent &, UIEventHandler *&) {
-            if (mCalls++ == 0) // what is done there may send events as well
-                act();
-            return false;
-        });
+        manager().getEventObserver().subscribeCallback(
+            [this, act](UIEventHandler *, const UIEvent &, UIEventHandler *&) {
+                if (mCalls++ == 0) // what is done there may send events as well
+                    act();
+                return false;
+            });
         at(0).setVisible(false);
         ASSERT_EQ(mCalls, 0);
     }
@@ -651,7 +652,7 @@ TEST_F(FormLayoutTest, LaysOutWhatNobodyHoldsAndLeavesItAlive) {
     mLayout->addComponent(&field);
     mLayout->layout();
     EXPECT_EQ(declared(label), "0,0 -5x0+0.5"); // it was never updated
-    EXPECT_EQ(declared(field), "0,0 100x64+0");   // anchored in the centre
+    EXPECT_EQ(declared(field), "0,0 100x64+0"); // anchored in the centre
     EXPECT_EQ(label.getRefCount(), 0u);
 }
 

@@ -46,6 +46,8 @@
 #include "nui/ui/components/Panel.h"
 #include "nui/ui/components/Radio.h"
 #include "nui/ui/css/CSS.h"
+#include "nui/ui/css/CSSLexer.h"
+#include "nui/ui/css/CSSParser.h"
 #include "nui/ui/css/Common.h"
 #include "nui/ui/css/Rule.h"
 #include "nui/ui/css/Selector.h"

@@ -1,6 +1,7 @@
 #include "nui/ui/css/Common.h"
 
 #include "foundation/text/StringUtil.h"
+#include "nui/ui/css/detail/NumberScan.h"
 
 #include <charconv>
 #include <cstring>
@@ -29,8 +30,8 @@ struct NamedAnchor {
 };
 
 constexpr NamedAnchor ANCHORS[] = {
-    {"top-left", 9},   {"center-left", 10},  {"bottom-left", 12},   {"top-center", 17},   {"center", 18},
-    {"bottom-center", 20}, {"top-right", 33}, {"center-right", 34}, {"bottom-right", 36},
+    {"top-left", 9},       {"center-left", 10}, {"bottom-left", 12},  {"top-center", 17},   {"center", 18},
+    {"bottom-center", 20}, {"top-right", 33},   {"center-right", 34}, {"bottom-right", 36},
 };
 
 constexpr unsigned int ANCHOR_TOP_LEFT = 9;
@@ -69,37 +70,20 @@ bool parseHexColor(const char *digits, math::Vector4 &color) {
     return true;
 }
 
-/// Reads "(n,n,…": the bracket, then that many whole numbers with a comma between them. What follows the last one is not
-/// looked at, and blanks are allowed ahead of a number.
-bool scanNumbers(const char *text, int count, float *numbers) {
-    if (*text++ != '(')
-        return false;
-    for (int i = 0; i < count; ++i) {
-        if (i > 0 && *text++ != ',')
-            return false;
-        text += std::strspn(text, " \t\n\v\f\r");
-        if (*text == '+' && text[1] != '-')
-            ++text;
-        int number = 0;
-        const auto result = std::from_chars(text, text + std::strlen(text), number);
-        if (result.ec != std::errc{})
-            return false;
-        numbers[i] = static_cast<float>(number);
-        text = result.ptr;
-    }
-    return true;
+float toChannel(int number) {
+    return static_cast<float>(number) * BYTE_SCALE;
 }
 
 bool parseFunctionColor(const char *text, math::Vector4 &color) {
     constexpr std::size_t RGB = 3;
     constexpr std::size_t RGBA = 4;
-    float n[4];
-    if (std::strlen(text) > RGBA && scanNumbers(text + RGBA, 4, n)) {
-        setRGBA(color, n[0] * BYTE_SCALE, n[1] * BYTE_SCALE, n[2] * BYTE_SCALE, n[3] * BYTE_SCALE);
+    int n[4];
+    if (text[RGB] && detail::scanInts(text + RGBA, 4, n)) {
+        setRGBA(color, toChannel(n[0]), toChannel(n[1]), toChannel(n[2]), toChannel(n[3]));
         return true;
     }
-    if (scanNumbers(text + RGB, 3, n)) {
-        setRGBA(color, n[0] * BYTE_SCALE, n[1] * BYTE_SCALE, n[2] * BYTE_SCALE, -1);
+    if (detail::scanInts(text + RGB, 3, n)) {
+        setRGBA(color, toChannel(n[0]), toChannel(n[1]), toChannel(n[2]), -1);
         return true;
     }
     return false;
@@ -151,6 +135,14 @@ bool Common::parseAnchor(const char *text, Component::Anchor &anchor) {
     }
     anchor = static_cast<Component::Anchor>(ANCHOR_TOP_LEFT);
     return false;
+}
+
+const char *Common::unparseAnchor(Component::Anchor anchor) {
+    for (const NamedAnchor &named : ANCHORS) {
+        if (named.anchor == static_cast<unsigned int>(anchor))
+            return named.name;
+    }
+    return nullptr;
 }
 
 } // namespace nurel::ui::css

@@ -86,10 +86,14 @@ TEST(CommonColor, FunctionsReadAllNumbersOnTheByteScale) {
 
 TEST(CommonColor, FunctionsThatAreCutOrMalformedAreRefusedWithoutReadingPastTheEnd) {
     for (const char *text : {"rgb", "rgba", "rgb(", "rgb(1", "rgb(1,2", "rgba(1,2,3)", "rgb (1,2,3)", "rgb(1 ,2,3)",
-                             "rgb(x,2,3)", "rgb(99999999999,0,0)"}) {
+                             "rgb(x,2,3)"}) {
         const math::Vector4 color = parsed(text, false);
         EXPECT_EQ(color, math::Vector4(9, 9, 9, 9)) << text;
     }
+}
+
+TEST(CommonColor, NumbersOfFunctionsBeyondAnIntReadAsTheNearestOne) {
+    expectColor("rgb(99999999999,0,-99999999999)", 2147483647 * 0.003921569F, 0, -2147483648.0F * 0.003921569F, -1);
 }
 
 TEST(CommonColor, EightNamesAreKnown) {
@@ -124,6 +128,19 @@ TEST(CommonAnchor, ReadsTheNineWords) {
         Component::Anchor anchor{};
         EXPECT_TRUE(Common::parseAnchor(entry.word, anchor)) << entry.word;
         EXPECT_EQ(static_cast<unsigned int>(anchor), entry.value) << entry.word;
+    }
+}
+
+TEST(CommonAnchor, EveryWordComesBackFromItsNumber) {
+    for (unsigned int number = 0; number < 64; ++number) {
+        const char *const word = Common::unparseAnchor(static_cast<Component::Anchor>(number));
+        Component::Anchor anchor{};
+        if (word && Common::parseAnchor(word, anchor))
+            EXPECT_EQ(static_cast<unsigned int>(anchor), number);
+        const unsigned int column = number & 0x38;
+        const unsigned int row = number & 0x07;
+        const bool isOneOfNine = (column == 8 || column == 16 || column == 32) && (row == 1 || row == 2 || row == 4);
+        EXPECT_EQ(word != nullptr, isOneOfNine) << number;
     }
 }
 

@@ -2,9 +2,15 @@
 
 #include "StylableObject.h"
 
+#include "nmain/stream/InputStream.h"
+#include "nui/ui/css/BoxProperties.h"
+#include "nui/ui/css/CSSParser.h"
 #include "nui/ui/css/Rule.h"
 
 #include <gtest/gtest.h>
+
+#include <iterator>
+#include <memory>
 
 namespace nurel::ui::css {
 
@@ -39,6 +45,11 @@ std::string textOf(const CSS &sheet) {
 }
 
 using Applied = std::vector<const Property *>;
+
+std::unique_ptr<CSS> parsed(const char *text) {
+    stream::MemoryInputStream stream("test.css", text);
+    return std::unique_ptr<CSS>(CSSParser().parse(&stream));
+}
 
 } // namespace
 
@@ -163,6 +174,36 @@ TEST(CSSSheet, CopiesShareTheRulesAndGoTheirOwnWays) {
     }
     EXPECT_EQ(a->getRefCount(), 2U);
     EXPECT_EQ(b->getRefCount(), 1U);
+}
+
+TEST(CSSSheet, TheSelectorsOfAListAreRulesOfTheirOwnWithTheSameProperties) {
+    const auto sheet = parsed("a, b { color: #fff; width: 3px; }");
+    ASSERT_EQ(sheet->size(), 2U);
+    const Rule &a = **sheet->begin();
+    const Rule &b = **std::next(sheet->begin());
+    EXPECT_EQ(b.getID(), a.getID() + 1);
+    EXPECT_EQ(a.getProperties(), b.getProperties());
+    EXPECT_EQ(a.getProperties().size(), 2U);
+}
+
+TEST(CSSSheet, RulesOfASheetParsedLaterStandBehindEquallySpecificOnes) {
+    const auto early = parsed(".x { color: #111; } a { color: #222; }");
+    const auto late = parsed("b { color: #333; } .y { color: #444; }");
+    late->merge(early.get());
+    EXPECT_EQ(textOf(*late), "a b .x. .y. ");
+    early->merge(late.get());
+    EXPECT_EQ(textOf(*early), "a b .x. .y. ");
+}
+
+TEST(CSSSheet, APropertyOfAKindIsNotMergedWithOneBefore) {
+    const auto sheet = parsed("a { margin: 1px; } a.x { margin-left: 2px; }");
+    StylableObject object;
+    object.element = "a";
+    object.classes = {"x"};
+    const Applied applied = style(*sheet, object);
+    ASSERT_EQ(applied.size(), 2U);
+    EXPECT_EQ(static_cast<const Margin *>(applied[0])->getBox(), math::Vector4(1, 1, 1, 1));
+    EXPECT_EQ(static_cast<const Margin *>(applied[1])->getBox(), math::Vector4(0, 0, 0, 2));
 }
 
 TEST(CSSSheet, TellsWhichRulesMatch) {

@@ -148,8 +148,12 @@ void ComponentView::applyZIndex() {
 }
 
 void ComponentView::forceDirty() {
+    markComponent(Component::DIRTY_POSITION);
+}
+
+void ComponentView::markComponent(unsigned int flags) {
     if (mComponent)
-        mComponent->setDirty(Component::DIRTY_POSITION);
+        mComponent->setDirty(flags);
 }
 
 void ComponentView::dropComponent(const Component *component) {

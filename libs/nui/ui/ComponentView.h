@@ -66,6 +66,9 @@ protected:
     /// Tells the component that its geometry has to be worked out again.
     void forceDirty();
 
+    /// Raises flags on the component, and what follows from them around it; nothing without a component.
+    void markComponent(unsigned int flags);
+
     /// Brings position and content of the component up to date if they are dirty: the first thing that updateView()
     /// does.
     void updateComponent();

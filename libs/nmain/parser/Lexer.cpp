@@ -90,8 +90,10 @@ Token *Lexer::findToken(const char *text, bool whole) const {
     Token *longest = nullptr;
     std::size_t longestLength = 0;
     for (const Mark &mark : mMarks) {
-        if (*mark.token->getText() != *text || !mark.token->isEnabled() || mark.length <= longestLength ||
-            std::strncmp(text, mark.token->getText(), mark.length) != 0)
+        const char *markText = mark.token->getText();
+        if (*markText != *text || mark.length <= longestLength || !mark.token->isEnabled())
+            continue;
+        if (mark.length > 1 && std::strncmp(text, markText, mark.length) != 0)
             continue;
         if (whole && text[mark.length])
             continue;
@@ -162,7 +164,7 @@ bool Lexer::isString(const char *text) const {
 }
 
 // Reads on until the buffer holds all that a test at the present place may want to see. False at the end of input.
-bool Lexer::fill() {
+bool Lexer::readAhead() {
     while (mLength - mPosition < mLookAhead && mStream) {
         std::memmove(mBuffer.data(), here(), mLength - mPosition);
         mLength -= mPosition;
@@ -198,12 +200,23 @@ void Lexer::advance(std::size_t count) {
     }
 }
 
-// How many bytes of the class stand here in the buffer.
-std::size_t Lexer::count(std::uint8_t characterClass) const {
+// Passes bytes that are in the buffer up to the first that is not of the class.
+void Lexer::advanceWhile(std::uint8_t characterClass) {
     std::size_t end = mPosition;
-    while (end < mLength && (classOf(mBuffer[end]) & characterClass))
-        ++end;
-    return end - mPosition;
+    int column = mColumn;
+    for (; end < mLength; ++end) {
+        const std::uint8_t found = classOf(mBuffer[end]);
+        if (!(found & characterClass))
+            break;
+        if (found & NEW_LINE) {
+            ++mLine;
+            column = 1;
+        } else {
+            column += (found & CONTINUATION) == 0;
+        }
+    }
+    mPosition = end;
+    mColumn = column;
 }
 
 void Lexer::take(std::size_t count) {
@@ -222,7 +235,7 @@ void Lexer::skipByteOrderMark() {
 void Lexer::skipIgnorable() {
     while (fill()) {
         if (classOf(*here()) & IGNORABLE)
-            advance(count(IGNORABLE));
+            advanceWhile(IGNORABLE);
         else if (isMultiLineComment(here()) != CG_NONE)
             skipComment();
         else if (isSingleLineComment(here()) != CG_NONE)
@@ -273,8 +286,10 @@ void Lexer::readWord() {
     take(1);
     while (fill()) {
         const char *text = here();
-        if (classOf(*text) & WORD)
-            take(count(WORD));
+        const std::size_t begin = mPosition;
+        advanceWhile(WORD);
+        if (mPosition > begin)
+            mWord.append(text, mPosition - begin);
         else if ((classOf(*text) & MARK) && isIdentifier(text))
             take(1);
         else

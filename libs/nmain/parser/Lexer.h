@@ -104,12 +104,13 @@ private:
     };
 
     void classify();
-    bool fill();
+    bool fill() { return mLength - mPosition >= mLookAhead || readAhead(); }
+    bool readAhead();
     const char *here() const { return mBuffer.data() + mPosition; }
     std::uint8_t classOf(char character) const { return mClasses[static_cast<unsigned char>(character)]; }
     std::size_t find(char character) const;
-    std::size_t count(std::uint8_t characterClass) const;
     void advance(std::size_t count);
+    void advanceWhile(std::uint8_t characterClass);
     void take(std::size_t count);
     void skipByteOrderMark();
     void skipIgnorable();

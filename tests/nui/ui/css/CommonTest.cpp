@@ -93,7 +93,7 @@ TEST(CommonColor, FunctionsThatAreCutOrMalformedAreRefusedWithoutReadingPastTheE
 }
 
 TEST(CommonColor, NumbersOfFunctionsBeyondAnIntReadAsTheNearestOne) {
-    expectColor("rgb(99999999999,0,-99999999999)", 2147483647 * 0.003921569F, 0, -2147483648.0F * 0.003921569F, -1);
+    expectColor("rgb(99999999999,0,-99999999999)", 2147483648.0F * 0.003921569F, 0, -2147483648.0F * 0.003921569F, -1);
 }
 
 TEST(CommonColor, EightNamesAreKnown) {
@@ -135,8 +135,8 @@ TEST(CommonAnchor, EveryWordComesBackFromItsNumber) {
     for (unsigned int number = 0; number < 64; ++number) {
         const char *const word = Common::unparseAnchor(static_cast<Component::Anchor>(number));
         Component::Anchor anchor{};
-        if (word && Common::parseAnchor(word, anchor))
-            EXPECT_EQ(static_cast<unsigned int>(anchor), number);
+        EXPECT_EQ(Common::parseAnchor(word, anchor), word != nullptr) << number;
+        EXPECT_EQ(static_cast<unsigned int>(anchor), word ? number : 9) << number;
         const unsigned int column = number & 0x38;
         const unsigned int row = number & 0x07;
         const bool isOneOfNine = (column == 8 || column == 16 || column == 32) && (row == 1 || row == 2 || row == 4);

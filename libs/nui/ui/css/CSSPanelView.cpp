@@ -7,7 +7,6 @@ namespace nurel::ui::css {
 
 constinit const core::Type CSSPanelView::TYPE("CSSPanelView", &CSSView::TYPE);
 
-CSSPanelView::CSSPanelView(components::Panel *component, CSSSkin *skin)
-    : CSSView("CSSPanelView", component, skin) {}
+CSSPanelView::CSSPanelView(components::Panel *component, CSSSkin *skin) : CSSView("CSSPanelView", component, skin) {}
 
 } // namespace nurel::ui::css

@@ -17,8 +17,8 @@ class Stylable;
 /// the views style themselves from it.
 ///
 /// Replacing or merging a sheet restyles nothing that is shown: views use the new one the next time their state or
-/// their classes change. `UIManager::refresh()` shows it at once. Used on the thread that drives the `UIManager`; sheets
-/// are parsed one at a time.
+/// their classes change. `UIManager::refresh()` shows it at once. Used on the thread that drives the `UIManager`;
+/// sheets are parsed one at a time.
 class CSSSkin : public Skin {
 public:
     static const core::Type TYPE;
@@ -43,8 +43,8 @@ public:
     CSS *getStyleSheet() { return mSheet.get(); }
     const CSS *getStyleSheet() const { return mSheet.get(); }
 
-    /// Adds the rules of the other skin's sheet, shared with it, to the sheet of this one and of all that share it. Null
-    /// raises `core::IllegalArgumentException`, and so does a skin without a sheet on either side.
+    /// Adds the rules of the other skin's sheet, shared with it, to the sheet of this one and of all that share it.
+    /// Null raises `core::IllegalArgumentException`, and so does a skin without a sheet on either side.
     void merge(const CSSSkin *other);
 
     /// Gives the object the properties of the rules that match it; nothing without a sheet.

@@ -27,14 +27,14 @@ class SizeBase;
 /// The view of a component that a style sheet styles. It restyles itself when state or classes of the component change,
 /// turns each property into a call on the component or its mesh, and cuts off what sticks out of a container.
 ///
-/// **Restyling** happens in updateView(), when the state word differs from that of the last restyle and the component is
-/// visible, when the component has DIRTY_STYLE, or after setStyleDirty(). Every property of every matching rule is
+/// **Restyling** happens in updateView(), when the state word differs from that of the last restyle and the component
+/// is visible, when the component has DIRTY_STYLE, or after setStyleDirty(). Every property of every matching rule is
 /// applied again, in order; what an earlier state set and no matching rule sets now stays.
 ///
 /// **Clipping** counts in the stencil buffer. Every view draws where the buffer holds the level that it is updated at.
 /// A container whose content sticks out raises its own area by one ahead of its children, who draw at that level, and
-/// puts the old level back behind them. Levels end at 255: containers nested deeper do not clip any further. A container
-/// that nothing sticks out of draws nothing for it.
+/// puts the old level back behind them. Levels end at 255: containers nested deeper do not clip any further. A
+/// container that nothing sticks out of draws nothing for it.
 ///
 /// **Textures** that are still loading are drawn once they are there: the view's component is marked dirty then.
 ///
@@ -80,14 +80,14 @@ public:
     /// Waits for no texture any more.
     void cancelEnsureTexture();
 
-    /// Gives the frame a texture from the pool and has the view wait for it. False, and nothing changes, for a name that
-    /// is null or empty, for one that there is no picture of, and for one whose picture is broken.
+    /// Gives the frame a texture from the pool and has the view wait for it. False, and nothing changes, for a name
+    /// that is null or empty, for one that there is no picture of, and for one whose picture is broken.
     static bool setTexture(CSSView *view, scene::Frame *frame, const char *name);
 
     // --- Colours
 
-    /// Sets the colour of the frame's own material. A red below 0 leaves red, green and blue alone, an alpha below 0 the
-    /// alpha. Always true.
+    /// Sets the colour of the frame's own material. A red below 0 leaves red, green and blue alone, an alpha below 0
+    /// the alpha. Always true.
     static bool setColor(scene::Frame *frame, const math::Vector4 &color);
 
     /// The colour of the frame's material, which becomes its own.
@@ -131,8 +131,8 @@ private:
     static void subscribeRegistration();
 
     StylableHelper mStylable;
-    scene::meshes::BorderedRectangleMesh *mMesh = nullptr;      ///< the underlay's; null too for a mesh of another class
-    scene::meshes::BorderedRectangleMesh *mClip = nullptr;      ///< the underlay's; containers only
+    scene::meshes::BorderedRectangleMesh *mMesh = nullptr; ///< the underlay's; null too for a mesh of another class
+    scene::meshes::BorderedRectangleMesh *mClip = nullptr; ///< the underlay's; containers only
     scene::meshes::BorderedRectangleMesh *mClipClear = nullptr; ///< the overlay's; containers only
     scene::properties::StencilProperty *mClipStencil = nullptr;
     scene::properties::StencilProperty *mClearStencil = nullptr;

@@ -123,10 +123,9 @@ void CSSView::subscribeRegistration() {
     renderer::Renderer *renderer = renderer::Renderer::getSingletonPtr();
     if (waiting().subscription || !renderer)
         return;
-    waiting().subscriptionId = renderer->subscribeTextureRegistered(
-        [subscription = std::make_shared<Subscription>()](texture::Texture *texture) {
-            return textureRegistered(texture);
-        });
+    waiting().subscriptionId =
+        renderer->subscribeTextureRegistered([subscription = std::make_shared<Subscription>()](
+                                                 texture::Texture *texture) { return textureRegistered(texture); });
 }
 
 bool CSSView::textureRegistered(texture::Texture *texture) {

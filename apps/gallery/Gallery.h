@@ -1,0 +1,89 @@
+#pragma once
+
+#include "Page.h"
+#include "WatchedFileSystem.h"
+
+#include "foundation/core/SmartPtr.h"
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace nurel::ui {
+class Component;
+class Container;
+class Widget;
+namespace components {
+class Button;
+class Label;
+} // namespace components
+namespace css {
+class CSS;
+class CSSSkin;
+} // namespace css
+} // namespace nurel::ui
+
+namespace gallery {
+
+/// The gallery on the stage of the `UIManager`: a list of pages, the page that is shown, and the text of its template or
+/// sheet. Everything that it cannot read raises a `core::Exception`.
+class Gallery {
+public:
+    /// What is read beside the page.
+    enum Source { TEMPLATE, SHEET };
+
+    /// Shows the first page. `assets` is the folder that holds "gallery" and "style".
+    explicit Gallery(const std::string &assets);
+    ~Gallery();
+    Gallery(const Gallery &) = delete;
+    Gallery &operator=(const Gallery &) = delete;
+
+    /// These three take effect at the next update(), so that a page's callback may call them.
+    void showPage(std::size_t index);
+    void setDark(bool dark);
+    void setSource(Source source);
+
+    /// The last that was asked for.
+    std::size_t getPage() const { return mWanted.page; }
+    bool isDark() const { return mWanted.dark; }
+
+    /// To be called ahead of every frame.
+    void update();
+
+    /// Loads what was saved since the last call; to be called every tenth of a second or so. What fails to load leaves
+    /// the last good page up, and the log says why.
+    void reloadChanged();
+
+private:
+    struct Shown {
+        std::size_t page = 0;
+        bool dark = false;
+        Source source = TEMPLATE;
+        bool operator==(const Shown &) const = default;
+    };
+
+    void addPageButtons();
+    void connectShell();
+    void buildPage();
+    void styleAnew();
+    void fillSource();
+    core::SmartPtr<nurel::ui::Component> readTemplate(const std::string &path);
+    std::unique_ptr<nurel::ui::css::CSS> readSheet(const std::string &path);
+    std::unique_ptr<nurel::ui::css::CSS> readAllSheets();
+    void applySheet(std::unique_ptr<nurel::ui::css::CSS> sheet);
+    std::string getSourcePath();
+    template <class T>
+    T &find(const char *path);
+
+    viewer::WatchedFileSystem mFiles;
+    core::SmartPtr<nurel::ui::css::CSSSkin> mSkin;
+    core::SmartPtr<nurel::ui::Widget> mWidget;
+    core::SmartPtr<nurel::ui::Component> mPage;
+    std::vector<nurel::ui::components::Button *> mPageButtons;
+    nurel::ui::components::Button *mDarkButton = nullptr;
+    Shown mWanted;
+    Shown mShown;
+};
+
+} // namespace gallery

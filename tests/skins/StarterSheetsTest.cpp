@@ -1,10 +1,19 @@
 #include "Palette.h"
+#include "support/LogCapture.h"
+
+#include "nmain/stream/InputStream.h"
+#include "nui/ui/css/CSS.h"
+#include "nui/ui/css/CSSParser.h"
+#include "nui/ui/css/NBackground.h"
+#include "nui/ui/css/Property.h"
+#include "nui/ui/css/Rule.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdio>
 #include <fstream>
 #include <iterator>
+#include <memory>
 #include <regex>
 #include <string>
 
@@ -26,7 +35,48 @@ std::string toText(std::uint32_t rgb) {
     return text;
 }
 
+std::unique_ptr<nurel::ui::css::CSS> parse(const char *name) {
+    nurel::stream::FileInputStream stream((std::string(ASSETS "/style/") + name).c_str());
+    return std::unique_ptr<nurel::ui::css::CSS>(nurel::ui::css::CSSParser().parse(&stream));
+}
+
+const nurel::ui::css::Property *findProperty(const nurel::ui::css::CSS &sheet, const std::string &selector,
+                                             nurel::ui::css::Property::Name name) {
+    for (const auto &rule : sheet) {
+        std::string text;
+        if (rule->getSelectors().at(0)->toString(text) == selector && rule->getProperties().count(name) == 1)
+            return rule->getProperties().at(name).get();
+    }
+    return nullptr;
+}
+
 } // namespace
+
+TEST(StarterSheets, AreReadWithoutAWarning) {
+    test::LogCapture log;
+    const auto light = parse("light.css");
+    const auto dark = parse("dark.css");
+    EXPECT_GT(light->size(), 150U);
+    EXPECT_EQ(light->size(), dark->size());
+}
+
+TEST(StarterSheets, ChooseTheirCellsByOneMacro) {
+    using nurel::ui::css::NBackground;
+    using nurel::ui::css::Property;
+    const auto sheet = parse("light.css");
+    const auto *faces = static_cast<const NBackground *>(findProperty(*sheet, "button", Property::NBACKGROUND));
+    ASSERT_NE(faces, nullptr);
+    EXPECT_EQ(faces->getCurrentSkin(), 0);
+    EXPECT_EQ(faces->getSkinCountU(), 4U);
+    EXPECT_EQ(faces->getSkinCountV(), 4U);
+    EXPECT_EQ(faces->getSkinOffset(), nurel::math::Vector2(1, 1));
+    EXPECT_EQ(faces->getSkinSize(), nurel::math::Vector2(20, 20));
+    EXPECT_EQ(faces->getSkinSpacing(), 2);
+    const auto *hover = static_cast<const NBackground *>(findProperty(*sheet, "button:hover", Property::NBACKGROUND));
+    ASSERT_NE(hover, nullptr);
+    EXPECT_EQ(hover->getCurrentSkin(), 1);
+    EXPECT_FALSE(hover->hasSkinCount());
+}
 
 TEST(StarterSheets, LightAndDarkDifferInTheirColoursAlone) {
     const std::string light = getRules(readSheet("light.css"));

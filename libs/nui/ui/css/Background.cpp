@@ -1,9 +1,9 @@
 #include "nui/ui/css/Background.h"
 
 #include "nui/ui/css/Common.h"
+#include "nui/ui/css/detail/Words.h"
 
 #include <cstring>
-#include <iterator>
 
 namespace nurel::ui::css {
 
@@ -33,15 +33,10 @@ constexpr RepeatWord REPEAT_WORDS[] = {
     {"repeat-y", Background::REPEAT_Y},
 };
 
-/// 0 and 2 for the words at the ends; every other word is the centre.
-unsigned int parsePosition(const char *text, const char *const (&words)[3]) {
-    if (std::strcmp(text, words[0]) == 0)
-        return 0;
-    return std::strcmp(text, words[2]) == 0 ? 2 : 1;
-}
-
-const char *unparsePosition(unsigned int position, const char *const (&words)[3]) {
-    return position < std::size(words) ? words[position] : nullptr;
+/// Every other word is the centre.
+int parsePosition(const char *text, const char *const (&words)[3]) {
+    const int position = detail::findWord(text, words);
+    return position < 0 ? 1 : position;
 }
 
 } // namespace
@@ -71,9 +66,9 @@ Property *Background::clone() const {
 const char *Background::_getValueString(int index) const {
     switch (index) {
     case HPOSITION_VALUE:
-        return unparsePosition(mPosition.horizontal, HPOSITION_WORDS);
+        return detail::getWord(mPosition.horizontal, HPOSITION_WORDS);
     case VPOSITION_VALUE:
-        return unparsePosition(mPosition.vertical, VPOSITION_WORDS);
+        return detail::getWord(mPosition.vertical, VPOSITION_WORDS);
     case REPEAT_VALUE:
         return unparse(mRepeat);
     case IMAGE_VALUE:

@@ -26,12 +26,11 @@ bool BorderRadius::_setValue(const char *text, int &index) {
     if (size.measurement != Size::PIXELS)
         return false;
     setSides(mBorder, current, size.value);
-    if (current == TOP_SIDE) {
-        addValueState(RIGHT_SIDE, VALUE_SET);
-        addValueState(BOTTOM_SIDE, VALUE_SET);
+    // the caller marks the word's own side
+    for (int side = current + 1; side < SIDE_COUNT; ++side) {
+        if (isForSide(current, side))
+            addValueState(side, VALUE_SET);
     }
-    if (current == TOP_SIDE || current == RIGHT_SIDE)
-        addValueState(LEFT_SIDE, VALUE_SET);
     return true;
 }
 

@@ -19,13 +19,11 @@ bool BoxBase::_setValue(const char *text, int &index) {
     Size size;
     Common::parseSize(text, size);
     setSides(mBox, index, size.value);
-    // the sides that the word sets beyond its own
-    if (index == TOP_SIDE) {
-        addValueState(RIGHT_SIDE, VALUE_SET);
-        addValueState(BOTTOM_SIDE, VALUE_SET);
+    // the caller marks the word's own side
+    for (int side = index + 1; side < SIDE_COUNT; ++side) {
+        if (isForSide(index, side))
+            addValueState(side, VALUE_SET);
     }
-    if (index == TOP_SIDE || index == RIGHT_SIDE)
-        addValueState(LEFT_SIDE, VALUE_SET);
     ++index;
     return true;
 }

@@ -1,7 +1,6 @@
 #include "nui/ui/css/Overflow.h"
 
-#include <cstring>
-#include <iterator>
+#include "nui/ui/css/detail/Words.h"
 
 namespace nurel::ui::css {
 
@@ -12,13 +11,11 @@ constexpr const char *WORDS[] = {"visible", "hidden", "scroll", "auto"};
 
 /// Leaves the behavior alone and returns false for another word.
 bool parseBehavior(const char *text, Overflow::Behavior &behavior) {
-    for (std::size_t i = 0; i < std::size(WORDS); ++i) {
-        if (std::strcmp(text, WORDS[i]) == 0) {
-            behavior = static_cast<Overflow::Behavior>(i);
-            return true;
-        }
-    }
-    return false;
+    const int word = detail::findWord(text, WORDS);
+    if (word < 0)
+        return false;
+    behavior = static_cast<Overflow::Behavior>(word);
+    return true;
 }
 
 } // namespace

@@ -1,7 +1,6 @@
 #include "nui/ui/css/TextAlign.h"
 
-#include <cstring>
-#include <iterator>
+#include "nui/ui/css/detail/Words.h"
 
 namespace nurel::ui::css {
 
@@ -19,8 +18,7 @@ Property *TextAlign::clone() const {
 }
 
 const char *TextAlign::_getValueString(int) const {
-    const auto number = static_cast<std::size_t>(mAlign);
-    return number < std::size(WORDS) ? WORDS[number] : nullptr;
+    return detail::getWord(mAlign, WORDS);
 }
 
 bool TextAlign::_setValue(const Property *other, int index) {
@@ -34,13 +32,11 @@ bool TextAlign::_setValue(const char *text, int &index) {
     const int current = advance(index);
     if (current != 0 || !text)
         return false;
-    for (std::size_t i = 0; i < std::size(WORDS); ++i) {
-        if (std::strcmp(text, WORDS[i]) == 0) {
-            mAlign = static_cast<font::Font::HorizontalAlignment>(i);
-            return true;
-        }
-    }
-    return false;
+    const int word = detail::findWord(text, WORDS);
+    if (word < 0)
+        return false;
+    mAlign = static_cast<font::Font::HorizontalAlignment>(word);
+    return true;
 }
 
 void TextAlign::_clone(Property *copy) const {

@@ -11,15 +11,18 @@ inline bool isSide(int index) {
     return index >= TOP_SIDE && index < SIDE_COUNT;
 }
 
-/// Writes a word that stands at the index: the first one is for all sides, the second for right and left, the others
-/// for their own side.
+/// Whether the word at the index is for a side: the first word is for all sides, the second for right and left, the
+/// others for their own side.
+inline bool isForSide(int index, int side) {
+    return index == TOP_SIDE || index == side || (index == RIGHT_SIDE && side == LEFT_SIDE);
+}
+
+/// Writes the word at the index into all sides that it is for.
 inline void setSides(math::Vector4 &sides, int index, float value) {
-    if (index == TOP_SIDE)
-        sides = math::Vector4(value, value, value, value);
-    else if (index == RIGHT_SIDE)
-        sides.y = sides.w = value;
-    else
-        sides[static_cast<unsigned int>(index)] = value;
+    for (int side = TOP_SIDE; side < SIDE_COUNT; ++side) {
+        if (isForSide(index, side))
+            sides[static_cast<unsigned int>(side)] = value;
+    }
 }
 
 /// False for an index that is no side.

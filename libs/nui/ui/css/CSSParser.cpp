@@ -8,6 +8,7 @@
 #include "nui/ui/css/Rule.h"
 #include "nui/ui/css/Selector.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace nurel::ui::css {
@@ -59,6 +60,7 @@ CSS *CSSParser::parse(stream::InputStream *stream) {
     auto css = std::make_unique<CSS>();
     enableTokens();
     mMacros.clear();
+    mLongestMacro = 0;
     for (Token *token = next(); !Token::isEOF(token); token = next()) {
         push(token);
         parseRule(css.get());
@@ -189,10 +191,12 @@ void CSSParser::parseDefine() {
         check(next(), CSSLexer::COLON);
         std::string value;
         parseDefinition(value);
-        if (name.size() < 2)
+        if (name.size() < 2) {
             logging::Logger::mROOT_LOGGER.warn("Ignoring unnamed macro: %s: %s", name.c_str(), value.c_str());
-        else
-            mMacros.put(name, value);
+            continue;
+        }
+        mMacros.put(name, value);
+        mLongestMacro = std::max(mLongestMacro, name.size());
     }
 }
 

@@ -69,11 +69,10 @@ private:
 
     static bool setValue(Property *property, const char *text, int &index);
     unsigned int applyDefines(const parser::Token &token, std::string &out) const;
-    Macros::const_iterator findMacro(const std::string &text, const char *after, std::size_t &position) const;
-    Macros::const_iterator findPrefix(Macros::const_iterator macro, const char *text) const;
 
     parser::Token *mComma;
     Macros mMacros;
+    std::size_t mLongestMacro = 0; ///< no name in the table is longer
     std::shared_ptr<const std::string> mFileName;
 };
 

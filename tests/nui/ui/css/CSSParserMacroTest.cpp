@@ -261,6 +261,23 @@ TEST(CSSParserMacro, ThatNameEachOtherInARingFail) {
               "Macros without end: '$c' after 10000 replacements. At position 2:4");
 }
 
+TEST(CSSParserMacro, ThatNameEachOtherManyTimesFailSoon) {
+    const auto list = [](const std::string &word, unsigned int count) {
+        std::string text = "\"";
+        for (unsigned int i = 0; i < count; ++i)
+            text += word + " ";
+        return text + "\"; ";
+    };
+    EXPECT_EQ(
+        failureOf(endlessSheet("$a: " + list("$a", 20) + "$b: " + list("$c", 30) + "$c: " + list("$b", 30), "$b")),
+        "Macros without end: '$b' after 10000 replacements. At position 2:4");
+    std::string definitions = "$c: " + list("$b1x", 25);
+    for (int i = 0; i < 100; ++i)
+        definitions.append("$b").append(std::to_string(i)).append(": '$c$b").append(std::to_string(i)).append("'; ");
+    EXPECT_EQ(failureOf(endlessSheet(definitions, "$b1$b2$b3")),
+              "Macros without end: '$c' after 10000 replacements. At position 2:4");
+}
+
 TEST(CSSParserMacro, ThatGrowFailAtAMegabyte) {
     EXPECT_EQ(failureOf(endlessSheet("$a: " + std::string(1000, '1') + "$a;", "$a")),
               "Macros without end: '$a' makes a value longer than 1048576 bytes. At position 2:4");

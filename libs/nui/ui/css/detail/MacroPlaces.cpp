@@ -83,11 +83,10 @@ void MacroPlaces::replace(Place place) {
     // a name that begins before this may reach into what changes
     const std::size_t begin = position - std::min(position, mLongest);
     // 1. Names that begin there may be gone
-    const auto kept = std::stable_partition(mPlaces.begin(), mPlaces.end(), [&](const Place &other) {
-        return getPosition(other) < begin || getPosition(other) >= end;
-    });
-    const Places lost(kept, mPlaces.end());
-    mPlaces.erase(kept, mPlaces.end());
+    const auto isLost = [&](const Place &other) { return getPosition(other) >= begin && getPosition(other) < end; };
+    Places lost;
+    std::copy_if(mPlaces.begin(), mPlaces.end(), std::back_inserter(lost), isLost);
+    std::erase_if(mPlaces, isLost);
     // 2. What stands before moves away from the end of the text
     for (Place &other : mPlaces) {
         if (getPosition(other) < begin)

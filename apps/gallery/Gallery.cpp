@@ -1,5 +1,7 @@
 #include "Gallery.h"
 
+#include "RestylingSkin.h"
+
 #include "nengine/texture/TexturePool.h"
 #include "nmain/stream/InputStream.h"
 #include "nui/ui/SkinManager.h"
@@ -13,7 +15,6 @@
 #include "nui/ui/components/Panel.h"
 #include "nui/ui/css/CSS.h"
 #include "nui/ui/css/CSSParser.h"
-#include "nui/ui/css/CSSSkin.h"
 
 #include "foundation/core/Exception.h"
 #include "foundation/logging/Logger.h"
@@ -53,7 +54,7 @@ void onClick(ui::Component &component, Action action) {
 } // namespace
 
 Gallery::Gallery(const std::string &assets)
-    : mFiles({assets + "/gallery", assets + "/style", assets}), mSkin(new css::CSSSkin("gallery")) {
+    : mFiles({assets + "/gallery", assets + "/style", assets}), mSkin(new viewer::RestylingSkin()) {
     ui::SkinManager::getSingleton().addSkin(mSkin.get());
     ui::SkinManager::getSingleton().setDefaultSkin(mSkin.get());
     ui::UIComponentFactory::getSingleton().setLoadResolver(&mFiles);
@@ -70,6 +71,7 @@ Gallery::Gallery(const std::string &assets)
 }
 
 Gallery::~Gallery() {
+    mSkin->forget();
     nurel::texture::TexturePool::getSingleton().setFileSystem(nullptr);
     ui::UIComponentFactory::getSingleton().clearLoadResolver();
 }
@@ -142,6 +144,8 @@ void Gallery::buildPage() {
     Panel &stage = find<Panel>("main/stage");
     if (mPage)
         stage.removeChild(mPage.get());
+    mPage = nullptr;
+    mSkin->forgetUnused();
     applySheet(std::move(sheet));
     mPage = built;
     stage.addChild(mPage.get(), true);
@@ -171,9 +175,8 @@ std::unique_ptr<css::CSS> Gallery::readAllSheets() {
 }
 
 void Gallery::applySheet(std::unique_ptr<css::CSS> sheet) {
-    mSkin->setStyleSheet(sheet.release());
     mDarkButton->setChecked(mWanted.dark);
-    UIManager::getSingleton().refresh();
+    mSkin->restyle(std::move(sheet));
 }
 
 void Gallery::styleAnew() {

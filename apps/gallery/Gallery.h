@@ -20,9 +20,12 @@ class Label;
 } // namespace components
 namespace css {
 class CSS;
-class CSSSkin;
 } // namespace css
 } // namespace nurel::ui
+
+namespace viewer {
+class RestylingSkin;
+}
 
 namespace gallery {
 
@@ -77,7 +80,7 @@ private:
     T &find(const char *path);
 
     viewer::WatchedFileSystem mFiles;
-    core::SmartPtr<nurel::ui::css::CSSSkin> mSkin;
+    core::SmartPtr<viewer::RestylingSkin> mSkin;
     core::SmartPtr<nurel::ui::Widget> mWidget;
     core::SmartPtr<nurel::ui::Component> mPage;
     std::vector<nurel::ui::components::Button *> mPageButtons;

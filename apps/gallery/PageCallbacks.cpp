@@ -99,8 +99,8 @@ void connectChoices(const PageTools &tools) {
 }
 
 void connectForm(const PageTools &tools) {
-    constexpr int PERCENT_STEP = 25;
-    constexpr int PERCENT_LIMIT = 200;
+    static constexpr int PERCENT_STEP = 25;
+    static constexpr int PERCENT_LIMIT = 200;
     Label &percent = tools.find<Label>("percent");
     Label &message = tools.find<Label>("message");
     Button &smaller = tools.find<Button>("smaller");
@@ -128,7 +128,7 @@ void connectForm(const PageTools &tools) {
 }
 
 void connectLayout(const PageTools &tools) {
-    constexpr unsigned int MAXIMUM = 7;
+    static constexpr unsigned int MAXIMUM = 7;
     Panel &flow = tools.find<Panel>("live/flow");
     onClick(tools.find<Button>("live/add"), [&flow] {
         const unsigned int count = flow.getChildCount();

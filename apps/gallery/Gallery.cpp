@@ -19,7 +19,6 @@
 #include "foundation/core/Exception.h"
 #include "foundation/logging/Logger.h"
 
-#include <chrono>
 #include <filesystem>
 #include <memory>
 #include <utility>
@@ -121,12 +120,18 @@ void Gallery::update() {
         mWanted.dark = mDarkButton->isChecked(); // released beside it: it toggled without a click
     if (mWanted == mShown)
         return;
-    if (mWanted.page != mShown.page)
-        buildPage();
-    else if (mWanted.dark != mShown.dark)
-        styleAnew();
-    fillSource();
-    mShown = mWanted;
+    try {
+        if (mWanted.page != mShown.page)
+            buildPage();
+        else if (mWanted.dark != mShown.dark)
+            styleAnew();
+        fillSource();
+        mShown = mWanted;
+    } catch (const core::Exception &e) {
+        Logger::mROOT_LOGGER.error("Cannot show the page %s", e, getPages()[mWanted.page].name);
+        mWanted = mShown;
+        mDarkButton->setChecked(mShown.dark);
+    }
 }
 
 core::SmartPtr<ui::Component> Gallery::readTemplate(const std::string &path) {
@@ -202,10 +207,10 @@ void Gallery::fillSource() {
     find<Button>("tabs/sheet").setChecked(mWanted.source == SHEET);
 }
 
-void Gallery::reloadChanged() {
+void Gallery::reloadChanged(viewer::WatchedFileSystem::Time now) {
     bool templatesChanged = false;
     bool sheetsChanged = false;
-    for (const std::string &path : mFiles.takeChanged(std::chrono::steady_clock::now())) {
+    for (const std::string &path : mFiles.takeChanged(now)) {
         const std::string extension = std::filesystem::path(path).extension().string();
         if (extension == ".ui")
             templatesChanged = true;

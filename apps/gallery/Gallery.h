@@ -29,14 +29,15 @@ class RestylingSkin;
 
 namespace gallery {
 
-/// The gallery on the stage of the `UIManager`: a list of pages, the page that is shown, and the text of its template or
-/// sheet. Everything that it cannot read raises a `core::Exception`.
+/// The gallery on the stage of the `UIManager`: a list of pages, the page that is shown, and the text of its template
+/// or sheet.
 class Gallery {
 public:
     /// What is read beside the page.
     enum Source { TEMPLATE, SHEET };
 
-    /// Shows the first page. `assets` is the folder that holds "gallery" and "style".
+    /// Shows the first page. `assets` is the folder that holds "gallery" and "style"; what cannot be read there raises
+    /// a `core::Exception`.
     explicit Gallery(const std::string &assets);
     ~Gallery();
     Gallery(const Gallery &) = delete;
@@ -51,12 +52,12 @@ public:
     std::size_t getPage() const { return mWanted.page; }
     bool isDark() const { return mWanted.dark; }
 
-    /// To be called ahead of every frame.
+    /// To be called ahead of every frame. A page that cannot be read leaves the one before up, and the log says why.
     void update();
 
     /// Loads what was saved since the last call; to be called every tenth of a second or so. What fails to load leaves
     /// the last good page up, and the log says why.
-    void reloadChanged();
+    void reloadChanged(viewer::WatchedFileSystem::Time now);
 
 private:
     struct Shown {

@@ -9,6 +9,7 @@
 #include "nengine/texture/TexturePool.h"
 #include "nui/ui/UIManager.h"
 
+#include <chrono>
 #include <cstdio>
 #include <filesystem>
 
@@ -75,7 +76,7 @@ void Stage::draw() {
 void Stage::run() {
     for (int frame = 0; mHost->pollInput(); ++frame) {
         if (frame % FRAMES_BETWEEN_RELOADS == 0)
-            mGallery->reloadChanged();
+            mGallery->reloadChanged(std::chrono::steady_clock::now());
         const auto &settings = nurel::renderer::Renderer::getSingleton().getScreenSettings();
         if (mHost->getWidth() != settings.width || mHost->getHeight() != settings.height)
             mEngine->resize(mHost->getWidth(), mHost->getHeight());

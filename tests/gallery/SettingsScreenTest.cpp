@@ -17,8 +17,9 @@ struct Result {
 
 Result runViewer(const std::string &arguments) {
     const std::filesystem::path errors = std::filesystem::temp_directory_path() / "nui-settings-screen.txt";
-    const std::string command = "env -u DISPLAY -u WAYLAND_DISPLAY '" VIEWER "' '" ASSETS "/screens/controls.ui' --font '" FONT
-                                "' --headless " + arguments + " 2>'" + errors.string() + "' </dev/null";
+    const std::string command = "env -u DISPLAY -u WAYLAND_DISPLAY '" VIEWER "' '" ASSETS
+                                "/screens/controls.ui' --font '" FONT "' --headless " +
+                                arguments + " 2>'" + errors.string() + "' </dev/null";
     const int status = std::system(command.c_str());
     std::ifstream file(errors);
     const std::string text{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};

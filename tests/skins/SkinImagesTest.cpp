@@ -48,7 +48,8 @@ TEST(SkinImages, NoImageLiesThereThatIsNotDrawn) {
     for (const drawing::SkinImage &image : drawing::drawImages())
         EXPECT_TRUE(drawn.insert(image.path).second) << image.path << " is drawn twice";
     for (const char *folder : {"style", "gallery"}) {
-        for (const auto &entry : std::filesystem::recursive_directory_iterator(std::filesystem::path(ASSETS) / folder)) {
+        for (const auto &entry :
+             std::filesystem::recursive_directory_iterator(std::filesystem::path(ASSETS) / folder)) {
             if (entry.path().extension() == ".png") {
                 EXPECT_EQ(drawn.count(std::filesystem::relative(entry.path(), ASSETS).generic_string()), 1U)
                     << entry.path();

@@ -123,8 +123,9 @@ void drawWarning(Picture &picture) {
 }
 
 using Draw = void (*)(Picture &);
-constexpr Draw ICONS[] = {drawPlus, drawMinus,  drawCheckMark, drawCross, drawLeft, drawRight, drawUp,          drawDown,
-                          drawMenu, drawSearch, drawGear,      drawStar,  drawSun,  drawMoon,  drawInformation, drawWarning};
+constexpr Draw ICONS[] = {drawPlus, drawMinus, drawCheckMark,   drawCross,  drawLeft, drawRight,
+                          drawUp,   drawDown,  drawMenu,        drawSearch, drawGear, drawStar,
+                          drawSun,  drawMoon,  drawInformation, drawWarning};
 
 } // namespace
 

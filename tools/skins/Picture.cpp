@@ -116,8 +116,7 @@ void Picture::fillGradient(const Box &box, const Color &top, const Color &bottom
     for (unsigned int y = 0; y < mCellHeight; ++y) {
         const double part = std::clamp((y + 0.5 - box.top) / (box.bottom - box.top), 0.0, 1.0);
         const Color color = {top.red + (bottom.red - top.red) * part, top.green + (bottom.green - top.green) * part,
-                             top.blue + (bottom.blue - top.blue) * part,
-                             top.alpha + (bottom.alpha - top.alpha) * part};
+                             top.blue + (bottom.blue - top.blue) * part, top.alpha + (bottom.alpha - top.alpha) * part};
         for (unsigned int x = 0; x < mCellWidth; ++x)
             blend(std::size_t{mTop + y} * mWidth + mLeft + x, color, toCoverage(getDistance(box, 0, x + 0.5, y + 0.5)));
     }

@@ -48,15 +48,17 @@ Picture drawButton(const Faces &plain, const Faces &checked, const Color &ring, 
 Faces makeCheckedFaces(Theme theme) {
     const Color soft = getColor(theme, "accentSoft");
     const Color edge = getColor(theme, "accentInk");
-    return {{soft, getColor(theme, "accentSoftHover"), getColor(theme, "accentSoftHover"), getColor(theme, "raisedOff")},
-            {edge, edge, edge, getColor(theme, "edgeOff")}};
+    return {
+        {soft, getColor(theme, "accentSoftHover"), getColor(theme, "accentSoftHover"), getColor(theme, "raisedOff")},
+        {edge, edge, edge, getColor(theme, "edgeOff")}};
 }
 
 Picture drawPlainButton(Theme theme) {
     const Color edge = getColor(theme, "edge");
-    const Faces plain = {{getColor(theme, "raised"), getColor(theme, "raisedHover"), getColor(theme, "raisedPressed"),
-                          getColor(theme, "raisedOff")},
-                         {edge, getColor(theme, "edgeHover"), getColor(theme, "edgeHover"), getColor(theme, "edgeOff")}};
+    const Faces plain = {
+        {getColor(theme, "raised"), getColor(theme, "raisedHover"), getColor(theme, "raisedPressed"),
+         getColor(theme, "raisedOff")},
+        {edge, getColor(theme, "edgeHover"), getColor(theme, "edgeHover"), getColor(theme, "edgeOff")}};
     return drawButton(plain, makeCheckedFaces(theme), getColor(theme, "ring"), false);
 }
 

@@ -14,7 +14,7 @@ public:
     constexpr Token(unsigned id, const char *text) : Token(id, text, true) {}
 
     constexpr Token(unsigned id, const char *text, bool enabled)
-        : mId(id), mText(text ? text : ""), mString(nullptr), mLine(0), mColumn(0), mEnabled(enabled) {}
+        : mText(text ? text : ""), mString(nullptr), mId(id), mLine(0), mColumn(0), mEnabled(enabled) {}
 
     /// A token for strings, with the content that it starts with (null: none).
     constexpr Token(unsigned id, const char *text, char *content) : Token(id, text, true) { mString = content; }
@@ -45,9 +45,9 @@ public:
     void setString(char *content) { mString = content; }
 
 private:
-    unsigned mId;
     const char *mText;
     char *mString;
+    unsigned mId;
     int mLine;
     int mColumn;
     bool mEnabled;

@@ -2,8 +2,8 @@
 
 #include "backends/egl/HeadlessContext.h"
 #include "backends/gles/GlesBackend.h"
-#include "nengine/renderer/FrameTarget.h"
 #include "nengine/renderer/DrawList.h"
+#include "nengine/renderer/FrameTarget.h"
 #include "nengine/renderer/RenderPass.h"
 #include "nengine/scene/Node.h"
 #include "nengine/texture/ImageFile.h"
@@ -67,7 +67,7 @@ void GoldenFixture::SetUp() {
     mBackend = std::make_shared<nurel::gles::GlesBackend>();
     nurel::EngineConfig config = nurel::EngineConfig::headless(WIDTH, HEIGHT);
     config.backend = mBackend;
-    config.fontFile = FONT;
+    config.fontFile = FONT_FILE;
     mEngine = std::make_unique<nurel::Engine>(config);
     mSkin = new nurel::ui::skins::DefaultSkin();
     nurel::ui::SkinManager::getSingleton().addSkin(mSkin.get());

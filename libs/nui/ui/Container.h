@@ -178,6 +178,7 @@ private:
     void measureScrollRoom();
     void updateBar(Axis axis);
     Component *createBar(Axis axis);
+    bool isBarInBars() const;
     void dragAxis(const ScrollInfo &info, float delta, float minimum, float maximum, float &offset) const;
 
     core::SmartPtr<Layout> mLayout;

@@ -3,9 +3,20 @@
 #include "nui/ui/Layout.h"
 #include "nui/ui/components/Panel.h"
 
+#include "foundation/logging/Logger.h"
+
+#include <atomic>
 #include <cmath>
 
 namespace nurel::ui {
+
+namespace {
+
+/// A bar is a panel, which has bars itself when nothing fits into it, as inside a padding that is wider than the bar.
+/// What ends, ends far ahead of this depth.
+constexpr unsigned int MAXIMUM_NESTED_BARS = 6;
+
+} // namespace
 
 /// What differs between the two axes.
 struct Container::AxisTraits {
@@ -149,6 +160,20 @@ Component *Container::createBar(Axis axis) {
     return bar.get();
 }
 
+bool Container::isBarInBars() const {
+    unsigned int depth = 0;
+    for (const Container *bar = this; bar->getParent() && bar->getParent()->isBar(bar); bar = bar->getParent())
+        ++depth;
+    if (depth < MAXIMUM_NESTED_BARS)
+        return false;
+    static std::atomic<bool> reported(false);
+    if (!reported.exchange(true))
+        logging::Logger::mROOT_LOGGER.error("Scroll bars have scroll bars without end: is there a padding or a border "
+                                            "on %s?",
+                                            getName());
+    return true;
+}
+
 void Container::updateBar(Axis axis) {
     const AxisTraits &traits = AxisTraits::of(axis);
     ScrollInfo &info = this->*traits.info;
@@ -168,6 +193,10 @@ void Container::updateBar(Axis axis) {
             bar->setVisible(false);
             bar->update();
         }
+        return;
+    }
+    if (!info.bar && isBarInBars()) {
+        info.scrollable = false;
         return;
     }
     if (!info.bar)

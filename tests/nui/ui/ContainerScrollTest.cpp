@@ -3,8 +3,14 @@
 #include "TestComponents.h"
 #include "support/EngineFixture.h"
 
+#include "nmain/stream/InputStream.h"
+#include "nui/ui/SkinManager.h"
 #include "nui/ui/UIManager.h"
+#include "nui/ui/Widget.h"
 #include "nui/ui/components/Panel.h"
+#include "nui/ui/css/CSS.h"
+#include "nui/ui/css/CSSParser.h"
+#include "nui/ui/css/CSSSkin.h"
 #include "nui/ui/skins/DefaultSkin.h"
 
 namespace test {
@@ -502,6 +508,39 @@ TEST_F(ContainerScroll, ALayoutOfAnotherContainerComesEmptyAndChangesItsOwner) {
     EXPECT_EQ(layout->getComponentCount(), 0U);
     EXPECT_EQ(layout->passes, passes + 1);
     EXPECT_EQ(first.getLayout(), layout.get()); // which is not told
+}
+
+namespace {
+
+unsigned int countBars(const nurel::ui::Container &container) {
+    unsigned int count = 0;
+    for (const Component *bar : {container.getScrollInfoH().bar, container.getScrollInfoV().bar}) {
+        if (bar)
+            count += 1 + countBars(static_cast<const nurel::ui::Container &>(*bar));
+    }
+    return count;
+}
+
+} // namespace
+
+TEST_F(ContainerScroll, BarsThatNeedBarsThemselvesComeToAnEnd) {
+    const core::SmartPtr<nurel::ui::css::CSSSkin> sheetSkin = new nurel::ui::css::CSSSkin("sheet");
+    nurel::stream::MemoryInputStream sheet("sheet", "panel { padding: 8px; }");
+    sheetSkin->setStyleSheet(nurel::ui::css::CSSParser().parse(&sheet));
+    nurel::ui::SkinManager::getSingleton().setDefaultSkin(sheetSkin.get());
+    const core::SmartPtr<nurel::ui::components::Panel> list = new nurel::ui::components::Panel("list");
+    list->setSize(Vector2(100, 80));
+    box->removeChild(child.get());
+    list->addChild(child.get());
+    child->setSize(Vector2(300, 300));
+    const core::SmartPtr<nurel::ui::Widget> widget = new nurel::ui::Widget("widget");
+    widget->addChild(list.get());
+    nurel::ui::UIManager::getSingleton().addWidget(widget.get());
+    for (int i = 0; i < 4; ++i)
+        frame();
+    EXPECT_GT(countBars(*list), 2U);
+    EXPECT_LT(countBars(*list), 300U);
+    log().take(logging::Level::ERROR); // told once for a process
 }
 
 } // namespace test

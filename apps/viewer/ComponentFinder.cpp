@@ -5,6 +5,8 @@
 #include "nui/ui/Container.h"
 #include "nui/ui/UIManager.h"
 #include "nui/ui/Widget.h"
+#include "nui/ui/components/Button.h"
+#include "nui/ui/components/Checkbox.h"
 #include "nui/ui/components/Label.h"
 
 #include <string_view>
@@ -16,6 +18,8 @@ using nurel::math::Vector4;
 using nurel::ui::Component;
 using nurel::ui::Container;
 using nurel::ui::UIManager;
+
+namespace components = nurel::ui::components;
 
 namespace {
 
@@ -61,9 +65,20 @@ unsigned int countEntries(const Container &container) {
 }
 
 const char *getComponentText(const Component &component) {
-    if (component.instanceOf(nurel::ui::components::Label::TYPE))
-        return static_cast<const nurel::ui::components::Label &>(component).getText();
-    return nullptr;
+    const components::Label *label = nullptr;
+    if (component.instanceOf(components::Label::TYPE))
+        label = static_cast<const components::Label *>(&component);
+    else if (component.instanceOf(components::Button::TYPE))
+        label = static_cast<const components::Button &>(component).getLabel();
+    else if (component.instanceOf(components::Checkbox::TYPE))
+        label = static_cast<const components::Checkbox &>(component).getLabel();
+    return label ? label->getText() : nullptr;
+}
+
+bool isComponentChecked(const Component &component) {
+    if (component.instanceOf(components::Checkbox::TYPE))
+        return static_cast<const components::Checkbox &>(component).isChecked();
+    return component.hasState(Component::STATE_CHECKED);
 }
 
 Vector2 getScreenCenter(const Component &component) {

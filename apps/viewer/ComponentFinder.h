@@ -16,8 +16,11 @@ nurel::ui::Component *findComponent(const char *path);
 /// How many children a container has, its scroll bars included: they stand behind the others.
 unsigned int countEntries(const nurel::ui::Container &container);
 
-/// The text that a component shows, or null when its class has none.
+/// The text that a component shows, or null when its class has none or nobody gave it one. Makes nothing.
 const char *getComponentText(const nurel::ui::Component &component);
+
+/// Whether a checkbox, a radio or a button is checked; for other classes, whether their state says so.
+bool isComponentChecked(const nurel::ui::Component &component);
 
 /// The centre of a component in screen pixels, as it is drawn: rotation, scale and depth of its parents counted in.
 nurel::math::Vector2 getScreenCenter(const nurel::ui::Component &component);

@@ -22,7 +22,6 @@ using nurel::ui::UIManager;
 namespace {
 
 constexpr float NUMBER_TOLERANCE = 1e-3F;
-constexpr unsigned int STATE_CHECKED = 0x10;
 
 std::string toText(bool flag) {
     return flag ? "true" : "false";
@@ -79,7 +78,7 @@ Finding checkHovered(const JSObject &expected, const Component &component) {
 }
 
 Finding checkChecked(const JSObject &expected, const Component &component) {
-    return compareFlag(expected, component.hasState(STATE_CHECKED));
+    return compareFlag(expected, isComponentChecked(component));
 }
 
 Finding checkText(const JSObject &expected, const Component &component) {

@@ -10,6 +10,7 @@ namespace viewer {
 
 const char *const USAGE =
     "usage: nui-viewer SCREEN.ui [options]\n"
+    "  --style FILE.css      style the screen; given several times, the sheets are merged in this order\n"
     "  --size WxH            size of the window or picture in pixels (1280x720)\n"
     "  --scale S             UI pixels per screen pixel (1); 0.5 shows everything twice as large\n"
     "  --png OUT.png         draw off-screen and save what is shown at the end\n"
@@ -56,6 +57,12 @@ void readFrames(const char *text, Options &options) {
         throw core::IllegalArgumentException("--frames wants a whole number, got '%s'", text);
 }
 
+void readStyle(const char *text, Options &options) {
+    if (!*text)
+        throw core::IllegalArgumentException("--style wants a value");
+    options.styles.push_back(text);
+}
+
 struct TextOption {
     const char *name;
     std::string Options::*field;
@@ -71,7 +78,8 @@ struct ParsedOption {
     void (*read)(const char *text, Options &options);
 };
 
-constexpr ParsedOption PARSED_OPTIONS[] = {{"--size", readSize}, {"--scale", readScale}, {"--frames", readFrames}};
+constexpr ParsedOption PARSED_OPTIONS[] = {
+    {"--size", readSize}, {"--scale", readScale}, {"--frames", readFrames}, {"--style", readStyle}};
 
 struct Switch {
     const char *name;

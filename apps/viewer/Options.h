@@ -1,12 +1,14 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace viewer {
 
 /// What the command line asks for.
 struct Options {
     std::string screen;
+    std::vector<std::string> styles; ///< sheets, as given, in order
     std::string png;
     std::string script;
     std::string trace;

@@ -24,7 +24,7 @@ namespace {
 
 /// How many frames a picture is given when nothing else says: enough for queues and images to settle.
 constexpr int OFFSCREEN_FRAMES = 4;
-constexpr int FRAMES_BETWEEN_RELOADS = 15;
+constexpr std::chrono::milliseconds TIME_BETWEEN_RELOADS(100);
 
 nurel::EngineConfig makeConfig(const Options &options, Host &host, bool manualClock) {
     nurel::EngineConfig config;
@@ -43,7 +43,7 @@ Session::Session(const Options &options)
     : mOptions(options), mHost(Host::create(options)), mIsScripted(!mHost->isWindow() || !options.script.empty()) {
     mEngine = std::make_unique<nurel::Engine>(makeConfig(options, *mHost, mIsScripted));
     UIManager::getSingleton().setScale(Vector2(options.scale, options.scale));
-    mScreen = std::make_unique<Screen>(options.screen, options.locale);
+    mScreen = std::make_unique<Screen>(options.screen, options.styles, options.locale);
     // The screen is on the stage before the first frame is counted.
     updateToolkit();
     if (!options.trace.empty())
@@ -88,12 +88,20 @@ bool Session::isFinished(int frame) const {
     return !mHost->isWindow() && frame >= OFFSCREEN_FRAMES;
 }
 
+void Session::reloadChanged() {
+    const auto now = std::chrono::steady_clock::now();
+    if (now - mLastReload < TIME_BETWEEN_RELOADS)
+        return;
+    mLastReload = now;
+    mScreen->reloadChanged(now);
+}
+
 void Session::run() {
     for (int frame = 0; !isFinished(frame); ++frame) {
         if (!mHost->pollInput())
             return;
-        if (mHost->isWindow() && frame % FRAMES_BETWEEN_RELOADS == 0)
-            mScreen->reloadChanged();
+        if (mHost->isWindow())
+            reloadChanged();
         const auto &settings = nurel::renderer::Renderer::getSingleton().getScreenSettings();
         if (mHost->getWidth() != settings.width || mHost->getHeight() != settings.height)
             mEngine->resize(mHost->getWidth(), mHost->getHeight());

@@ -7,6 +7,7 @@
 
 #include "nengine/Engine.h"
 
+#include <chrono>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -49,6 +50,7 @@ public:
 
 private:
     void updateToolkit();
+    void reloadChanged();
     bool isFinished(int frame) const;
     void draw();
 
@@ -60,6 +62,7 @@ private:
         ~Toolkit();
     } mToolkit; ///< ends the manager ahead of the engine, also when the screen cannot be loaded
     std::unique_ptr<Screen> mScreen;
+    std::chrono::steady_clock::time_point mLastReload;
     std::unique_ptr<EventTrace> mTrace; ///< ends first: what the end of the others sends is no part of the run
 };
 

@@ -7,12 +7,20 @@
 #include "nui/ui/Layout.h"
 #include "nui/ui/UIManager.h"
 #include "nui/ui/Widget.h"
+#include "nui/ui/css/CSS.h"
+#include "nui/ui/css/CSSSkin.h"
+#include "nui/ui/css/CSSView.h"
+#include "nui/ui/css/Rule.h"
 
 namespace viewer {
 
 using nurel::ui::Component;
 using nurel::ui::Container;
 using nurel::ui::UIManager;
+using nurel::ui::css::CSS;
+using nurel::ui::css::CSSSkin;
+using nurel::ui::css::CSSView;
+using nurel::ui::css::Rule;
 
 namespace {
 
@@ -75,6 +83,26 @@ void writeState(JsonWriter &json, const Component &component) {
         json.field("text", text);
 }
 
+/// The rules that match a component whose view a sheet styles, in the states in which the view stands.
+void writeRules(JsonWriter &json, const Component &component) {
+    if (!component.hasView() || !component.getView()->instanceOf(CSSView::TYPE))
+        return;
+    const auto &view = static_cast<const CSSView &>(*component.getView());
+    const CSS *sheet = static_cast<const CSSSkin *>(view.getSkin())->getStyleSheet();
+    if (!sheet)
+        return;
+    json.key("rules").beginArray();
+    std::string selector;
+    for (const Rule *rule : sheet->getMatches(view.getStylable())) {
+        json.beginObject();
+        json.field("selector", rule->toString(selector));
+        json.field("file", rule->getFile());
+        json.field("line", rule->getLine());
+        json.endObject();
+    }
+    json.endArray();
+}
+
 void writeComponent(JsonWriter &json, const Component &component);
 
 void writeContainer(JsonWriter &json, const Container &container) {
@@ -98,6 +126,7 @@ void writeComponent(JsonWriter &json, const Component &component) {
     writeIdentity(json, component);
     writeGeometry(json, component);
     writeState(json, component);
+    writeRules(json, component);
     if (component.isContainer())
         writeContainer(json, static_cast<const Container &>(component));
     json.endObject();

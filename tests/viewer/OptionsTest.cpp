@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <initializer_list>
+#include <string>
 #include <vector>
 
 namespace viewer {
@@ -41,7 +42,8 @@ TEST(Options, AScreenAloneOpensAWindowOfTheDefaultSize) {
 TEST(Options, EveryOptionIsRead) {
     const Options options =
         parse({"--size", "640x480", "--scale", "1.5", "--png", "o.png", "--frames", "7", "--script", "s.json", "--trace",
-               "t.jsonl", "--dump", "d.json", "--font", "f.ttf", "--locale", "de", "--verbose", "--headless", "a.ui"});
+               "t.jsonl", "--dump", "d.json", "--font", "f.ttf", "--locale", "de", "--verbose", "--headless", "a.ui",
+               "--style", "look.css"});
     EXPECT_EQ(options.width, 640U);
     EXPECT_EQ(options.height, 480U);
     EXPECT_FLOAT_EQ(options.scale, 1.5F);
@@ -52,9 +54,22 @@ TEST(Options, EveryOptionIsRead) {
     EXPECT_EQ(options.dump, "d.json");
     EXPECT_EQ(options.font, "f.ttf");
     EXPECT_EQ(options.locale, "de");
+    EXPECT_EQ(options.styles, std::vector<std::string>{"look.css"});
     EXPECT_TRUE(options.verbose);
     EXPECT_TRUE(options.headless);
     EXPECT_EQ(options.screen, "a.ui");
+}
+
+TEST(Options, SheetsKeepTheirOrder) {
+    const Options options = parse({"--style", "b.css", "a.ui", "--style", "a.css", "--style", "b.css"});
+    EXPECT_EQ(options.styles, (std::vector<std::string>{"b.css", "a.css", "b.css"}));
+    EXPECT_TRUE(parse({"a.ui"}).styles.empty());
+}
+
+TEST(Options, EveryOptionIsInTheUsage) {
+    for (const char *option : {"--style", "--size", "--scale", "--png", "--frames", "--script", "--trace", "--dump",
+                               "--headless", "--font", "--locale", "--verbose", "--help"})
+        EXPECT_NE(std::string(USAGE).find(std::string("  ") + option + " "), std::string::npos) << option;
 }
 
 TEST(Options, APictureNeedsNoWindow) {
@@ -72,6 +87,8 @@ TEST(Options, WhatMakesNoSenseIsToldInOneSentence) {
     EXPECT_EQ(refusal({"a.ui", "b.ui"}), "one screen at a time, got 'b.ui' after 'a.ui'");
     EXPECT_EQ(refusal({"a.ui", "--png"}), "--png wants a value");
     EXPECT_EQ(refusal({"a.ui", "--size"}), "--size wants a value");
+    EXPECT_EQ(refusal({"a.ui", "--style"}), "--style wants a value");
+    EXPECT_EQ(refusal({"a.ui", "--style", ""}), "--style wants a value");
     for (const char *size : {"640", "640x", "x480", "0x480", "640x480x1", "-1x5", "20000x1", "axb"})
         EXPECT_EQ(refusal({"a.ui", "--size", size}),
                   std::string("--size wants WIDTHxHEIGHT from 1x1 to 16384x16384, got '") + size + "'");

@@ -54,7 +54,7 @@ protected:
         {"type":"panel","name":"form","size":[400,200],"children":[
             {"type":"label","name":"ok","size":[100,40],"text":"OK","tab-stop":0,"event-mask-enable":["focus","click","key","text"]}]},
         {"type":"label","name":"ok","size":[50,20],"position":[0,-300],"text":"other","tab-stop":1}]})";
-    static constexpr const char *PLAIN = "screen.ui --font '" FONT "'";
+    static constexpr const char *PLAIN = "screen.ui --font '" TEST_FONT "'";
 
     std::filesystem::path folder;
 };
@@ -135,6 +135,66 @@ TEST_F(ViewerProgram, TheTraceTellsEveryEventAndChange) {
 )");
 }
 
+TEST_F(ViewerProgram, SheetsStyleThePictureInTheirOrder) {
+    write("a.css", "widget { background: #ff0000; }");
+    write("b.css", "widget { background: #0000ff; } #ok { width: 120px; }");
+    write("script.json", R"([{"expect":{"pixel":{"at":[3,3],"color":[0,0,255],"tolerance":1}}},
+                             {"expect":{"name":"form/ok","size":[120,40]}}])");
+    EXPECT_EQ(run(std::string(PLAIN) + " --headless --style a.css --style b.css --script script.json"), 0)
+        << read("err.txt");
+    EXPECT_EQ(read("err.txt"), "");
+}
+
+TEST_F(ViewerProgram, TheDumpTellsTheRulesOfTheSheetsAsTheyWereGiven) {
+    std::filesystem::create_directories(folder / "style");
+    write("style/a.css", "/* two */ widget,\n label { width: 120px; }");
+    write("b.css", "\n#ok { height: 30px; }");
+    ASSERT_EQ(run(std::string(PLAIN) + " --headless --style style/a.css --style ./b.css --dump dump.json"), 0)
+        << read("err.txt");
+    const std::unique_ptr<JSObject> dump = readJson(read("dump.json"));
+    const JSObject &widget = *dump->get("widgets")->get(0U);
+    ASSERT_EQ(widget.get("rules")->getLength(), 1U);
+    EXPECT_STREQ(widget.get("rules")->get(0U)->getString("selector", ""), "widget");
+    EXPECT_EQ(widget.get("rules")->get(0U)->getInt("line", 0), 1);
+    const JSObject &form = *widget.get("children")->get(0U);
+    EXPECT_EQ(form.get("rules")->getLength(), 0U);
+    const JSObject &rules = *form.get("children")->get(0U)->get("rules");
+    ASSERT_EQ(rules.getLength(), 2U);
+    EXPECT_STREQ(rules.get(0U)->getString("selector", ""), "label");
+    EXPECT_STREQ(rules.get(0U)->getString("file", ""), "style/a.css");
+    EXPECT_EQ(rules.get(0U)->getInt("line", 0), 2);
+    EXPECT_STREQ(rules.get(1U)->getString("selector", ""), "#ok");
+    EXPECT_STREQ(rules.get(1U)->getString("file", ""), "./b.css");
+    EXPECT_EQ(rules.get(1U)->getInt("line", 0), 2);
+}
+
+TEST_F(ViewerProgram, ChecksAndTextsOfControlsAreExpectedWithoutMakingTheirParts) {
+    write("controls.ui", R"({"type":"panel","name":"p","size":[600,400],"children":[
+        {"type":"button","name":"toggle","size":[80,30],"text":"Toggle","checkable":true},
+        {"type":"button","name":"mute","size":[80,30],"position":[0,50]},
+        {"type":"checkbox","name":"box","size":[80,30],"position":[0,100],"text":"Box","checked":true},
+        {"type":"radio","name":"one","size":[80,30],"position":[0,150]}]})");
+    write("none.css", "");
+    write("script.json", R"([
+        {"expect":{"name":"toggle","checked":false,"text":"Toggle"}},
+        {"click":"toggle"}, {"expect":{"name":"toggle","checked":true}},
+        {"expect":{"name":"box","checked":true,"text":"Box"}},
+        {"click":"box"}, {"expect":{"name":"box","checked":false}},
+        {"expect":{"name":"one","checked":false}}, {"click":"one"}, {"expect":{"name":"one","checked":true}},
+        {"dump":"dump.json"}, {"expect":{"name":"mute","text":""}}, {"expect":{"name":"mute/label","exists":false}}])");
+    EXPECT_EQ(run("controls.ui --headless --font '" TEST_FONT "' --style none.css --script script.json"), 1);
+    EXPECT_EQ(read("err.txt"), "script.json: step 10: 'mute' text: expected \"\", actual no text\n");
+    EXPECT_NE(read("dump.json").find("\"text\":\"Toggle\""), std::string::npos);
+}
+
+TEST_F(ViewerProgram, ASheetThatCannotBeReadEndsWithStatusTwoAndOneLine) {
+    write("bad.css", "panel {\n  width: 1px\n}");
+    EXPECT_EQ(run(std::string(PLAIN) + " --headless --style bad.css"), 2);
+    EXPECT_EQ(read("err.txt"), "nui-viewer: bad.css:3:1: Syntax error: unexpected '}'.\n");
+    EXPECT_EQ(run(std::string(PLAIN) + " --headless --style gone.css"), 2);
+    EXPECT_EQ(read("err.txt"), "nui-viewer: Cannot open file gone.css\n");
+}
+
 TEST_F(ViewerProgram, BadUsageEndsWithStatusTwoAndOneLine) {
     EXPECT_EQ(run("--wrong"), 2);
     EXPECT_EQ(read("err.txt"), "nui-viewer: unknown option --wrong\n");
@@ -189,5 +249,5 @@ TEST_F(ViewerProgram, TextsComeFromTheCatalogueOfTheLocale) {
     write("i18n/de.xml", R"(<catalogue locale="de"><text key="greet">Hallo</text></catalogue>)");
     write("greet.ui", R"({"type":"label","name":"l","text":"${greet}!"})");
     write("script.json", R"([{"expect":{"name":"l","text":"Hallo!"}}])");
-    EXPECT_EQ(run("greet.ui --font '" FONT "' --headless --locale de_AT --script script.json"), 0) << read("err.txt");
+    EXPECT_EQ(run("greet.ui --font '" TEST_FONT "' --headless --locale de_AT --script script.json"), 0) << read("err.txt");
 }

@@ -58,6 +58,7 @@ public:
     /// Called on the render thread when a texture's pixels have reached the backend.
     unsigned int subscribeTextureRegistered(std::function<bool(texture::Texture *)> callback);
     bool unsubscribeTextureRegistered(unsigned int id);
+    std::size_t getTextureSubscriberCount() const { return mTextureSubscribers.getCount(); }
 
     /// For the texture pool: tells the subscribers.
     void textureRegistered(texture::Texture *texture);

@@ -43,6 +43,9 @@ public:
     CSS *getStyleSheet() { return mSheet.get(); }
     const CSS *getStyleSheet() const { return mSheet.get(); }
 
+    /// The sheet lives as long as the result, whatever becomes of the skin.
+    std::shared_ptr<const CSS> shareStyleSheet() const { return mSheet; }
+
     /// Adds the rules of the other skin's sheet, shared with it, to the sheet of this one and of all that share it.
     /// Null raises `core::IllegalArgumentException`, and so does a skin without a sheet on either side.
     void merge(const CSSSkin *other);

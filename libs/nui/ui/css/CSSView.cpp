@@ -42,18 +42,22 @@ StencilProperty *makeStencil(unsigned int comparison, unsigned int passOperation
     return stencil;
 }
 
-/// What a container's content depends on, and a sheet may set.
+/// What a container's content and its scroll bars depend on, and a sheet may set.
 struct ContentFrame {
     Component::ComponentSize size;
     BoxModel box;
+    unsigned int scrollMask = Container::SCROLL_NONE;
 
-    explicit ContentFrame(const Component &component) : size(component.getComponentSize()), box(component.getBox()) {}
+    explicit ContentFrame(const Component &component) : size(component.getComponentSize()), box(component.getBox()) {
+        if (component.isContainer())
+            scrollMask = static_cast<const Container &>(component).getScrollMask();
+    }
 
     bool operator==(const ContentFrame &other) const {
         return size.absolute == other.size.absolute && size.relative == other.size.relative &&
                size.minimum == other.size.minimum && size.maximum == other.size.maximum &&
                size.autoSize == other.size.autoSize && box.border == other.box.border &&
-               box.padding == other.box.padding;
+               box.padding == other.box.padding && scrollMask == other.scrollMask;
     }
 };
 
@@ -177,11 +181,15 @@ void CSSView::noticeState() {
 void CSSView::restyle() {
     Component &component = *getComponent();
     const ContentFrame before(component);
-    static_cast<const CSSSkin *>(getSkin())->style(&mStylable);
-    applyProperties();
+    if (const auto *skin = static_cast<const CSSSkin *>(getSkin())) {
+        // Of the sheet, in case that a property which is applied takes it from the skin
+        const std::shared_ptr<const CSS> sheet = skin->shareStyleSheet();
+        skin->style(&mStylable);
+        applyProperties();
+    }
     mStyleDirty = false;
     // The setters mark the parent; the content of a container depends on its own size too.
-    if (component.isContainer() && !(ContentFrame(component) == before))
+    if (!(ContentFrame(component) == before) && component.isContainer())
         component.forceDirty(Component::DIRTY_CONTENT);
 }
 
@@ -206,7 +214,7 @@ void CSSView::placeClip() {
 bool CSSView::updateInternal(float time, bool parentChanged) {
     // 1.
     bool isClipping = false;
-    const bool isContainer = mClip && getComponent();
+    const bool isContainer = mClip && getComponent() && getComponent()->isContainer();
     if (mGeometryBuilt) {
         if (isContainer) {
             const auto &container = static_cast<const Container &>(*getComponent());

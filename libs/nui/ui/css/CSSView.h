@@ -5,6 +5,7 @@
 #include "nui/ui/css/Property.h"
 #include "nui/ui/css/StylableHelper.h"
 
+#include <atomic>
 #include <cstdint>
 
 namespace nurel::scene::meshes {
@@ -139,7 +140,7 @@ private:
     scene::properties::StencilProperty *mStencil = nullptr;
     unsigned int mLastState = 0xffff;
     std::uint32_t mOverridden = 0; ///< a bit for each `Property::Name`
-    unsigned int mPendingTextures = 0;
+    std::atomic<unsigned int> mPendingTextures{0}; ///< none: the render thread does not know the view
     bool mStyleDirty = true;
     bool mGeometryBuilt = false;
 };

@@ -48,13 +48,13 @@ public:
 
 constexpr unsigned int TEXTURE_KIND = 2;
 
-/// The frame's property, which is replaced by a clone of its own when it is one of those that all share.
+/// The frame's own property: a clone of what it goes by if it has none or shares it with all.
 template <class Property>
 Property &obtainOwn(scene::Frame &frame, unsigned int index) {
-    scene::Property *property = frame.getProperty(index);
-    if (property->isDefault()) {
+    scene::Property *property = frame.getPropertySet()[index];
+    if (!property || property->isDefault()) {
         core::CloningOptions options;
-        property = static_cast<scene::Property *>(property->clone(options));
+        property = static_cast<scene::Property *>(frame.getProperty(index)->clone(options));
         frame.setProperty(property);
         frame.updateProperties();
     }
@@ -129,19 +129,19 @@ void CSSView::subscribeRegistration() {
 }
 
 bool CSSView::textureRegistered(texture::Texture *texture) {
-    Waiting &all = waiting();
-    const auto found = all.views.find(texture);
-    if (found != all.views.end()) {
-        const std::set<CSSView *> views = std::move(found->second);
-        all.views.erase(found);
-        for (CSSView *view : views) {
-            --view->mPendingTextures;
-            view->markComponent(Component::DIRTY_ALL);
-        }
+    auto &views = waiting().views;
+    // One view at a time is taken out, so that each may destroy any other.
+    for (auto found = views.find(texture); found != views.end(); found = views.find(texture)) {
+        CSSView *view = *found->second.begin();
+        found->second.erase(view);
+        if (found->second.empty())
+            views.erase(found);
+        view->markComponent(Component::DIRTY_ALL);
+        --view->mPendingTextures; // last: another thread may destroy the view from here on
     }
-    if (!all.views.empty())
+    if (!views.empty())
         return false;
-    all.subscription = nullptr; // the renderer drops the callback only when all have been called
+    waiting().subscription = nullptr; // the renderer drops the callback only when all have been called
     return true;
 }
 
@@ -162,8 +162,10 @@ void CSSView::_cancelEnsureTexture(CSSView *view) {
         entry = entry->second.empty() ? views.erase(entry) : std::next(entry);
     }
     view->mPendingTextures = 0;
-    if (views.empty() && waiting().subscription)
-        renderer::Renderer::getSingleton().unsubscribeTextureRegistered(waiting().subscriptionId);
+    if (!views.empty() || !waiting().subscription)
+        return;
+    waiting().subscription = nullptr; // the callback itself may live on to the end of a call that is under way
+    renderer::Renderer::getSingleton().unsubscribeTextureRegistered(waiting().subscriptionId);
 }
 
 } // namespace nurel::ui::css

@@ -321,6 +321,66 @@ TEST_F(CSSViewTest, OneSideAloneReplacesAllFour) {
     EXPECT_EQ(panel->getMargin(), Vector4(0, 0, 0, 5));
 }
 
+TEST_F(CSSViewTest, ScrollBarsGoAndComeWithTheOverflowOfASheet) {
+    setSheet("#frame { overflow: hidden; } #frame.x { overflow: auto; }");
+    mWidget = addStyledWidget();
+    const auto panel = addPanel(*mWidget, "frame", 0, 0, 100, 60);
+    addPanel(*panel, "inner", 0, 0, 300, 200);
+    frame();
+    EXPECT_FALSE(panel->getScrollInfoH().scrollable);
+    EXPECT_FALSE(panel->getScrollInfoV().scrollable);
+    panel->addClass("x");
+    frame();
+    EXPECT_TRUE(panel->getScrollInfoH().scrollable);
+    EXPECT_TRUE(panel->getScrollInfoV().scrollable);
+    panel->removeClass("x");
+    frame();
+    EXPECT_FALSE(panel->getScrollInfoH().scrollable);
+}
+
+TEST_F(CSSViewTest, PaddingFromASheetMovesTheContentOnTheFirstFrame) {
+    setSheet("panel.flow { width: 300px; height: 300px; padding: 20px; } panel.flow.wide { padding: 40px; }");
+    mWidget = addStyledWidget();
+    const auto flow = addPanel(*mWidget, "flow", 0, 0, 300, 300);
+    flow->addClass("flow");
+    flow->setLayout(new layouts::FlowLayout);
+    const auto box = addPanel(*flow, "box", 0, 0, 50, 50);
+    frame();
+    const Vector3 first = box->getWorldPosition();
+    EXPECT_EQ(first.x, flow->getMinBound().x + 20 + 25);
+    flow->addClass("wide");
+    frame();
+    EXPECT_EQ(box->getWorldPosition().x, first.x + 20);
+    EXPECT_EQ(flow->getContainerSize(), Vector2(220, 220));
+}
+
+TEST_F(CSSViewTest, AViewWithoutASkinDrawsItsBox) {
+    const core::SmartPtr<Panel> panel(new Panel("panel"));
+    const core::SmartPtr<CSSView> view(new CSSView("view", panel.get(), nullptr));
+    view->updateView();
+    view->updateInternal(0, false);
+    EXPECT_EQ(panel->getMesh()->getParent(), view->getUnderlay());
+}
+
+TEST_F(CSSViewTest, AViewThatIsGivenToAnotherComponentSurvives) {
+    const auto panel = addStyledPanel("panel { background: red; }");
+    const core::SmartPtr<ComponentView> view(panel->getView());
+    panel->clearView();
+    core::SmartPtr<Label> label(new Label("label"));
+    mWidget->addChild(label.get());
+    class Adopter : public Label {
+    public:
+        using Label::setView;
+    };
+    const core::SmartPtr<Adopter> adopter(new Adopter);
+    adopter->setView(view.get());
+    EXPECT_EQ(view->getComponent(), adopter.get());
+    view->updateView();
+    view->updateInternal(0, true);
+    frame();
+    adopter->clearView();
+}
+
 TEST_F(CSSViewTest, OutlivesItsComponent) {
     auto panel = addStyledPanel("panel { background: red; }");
     const core::SmartPtr<ComponentView> view(panel->getView());

@@ -1,11 +1,14 @@
 // Pictures that arrive after the style that names them.
+#include "nengine/renderer/Renderer.h"
 #include "nengine/scene/Mesh.h"
+#include "nengine/scene/properties/MaterialProperty.h"
 #include "nengine/texture/ImageFile.h"
 #include "nengine/texture/TexturePool.h"
 #include "nmain/vfs/MemoryFileSystem.h"
 #include "nui/ui/css/StyleTest.h"
 
 #include <algorithm>
+#include <atomic>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -175,6 +178,107 @@ TEST_F(CSSViewTextureTest, AViewThatWaitsForNothingCanGoOnAnotherThread) {
     std::thread([&] { viewOf(*mWidget).cancelEnsureTexture(); }).join();
     view = nullptr;
     SUCCEED();
+}
+
+TEST_F(CSSViewTextureTest, AViewThatWaitsCanGoOnAnotherThreadWhileTheFrameThreadPumps) {
+    for (int round = 0; round < 20; ++round) {
+        TexturePool::getSingleton().remove("a.png");
+        auto gone = addPending("gone");
+        const auto stays = addPending("stays");
+        core::SmartPtr<ComponentView> view(gone->getView());
+        mWidget->removeChild(gone.get());
+        gone = nullptr;
+        mWidget->getView()->updateInternal(0, false);
+        std::atomic<bool> done(false);
+        std::thread other([view = std::move(view), &done]() mutable {
+            view = nullptr;
+            done = true;
+        });
+        while (!done)
+            mEngine->pump();
+        other.join();
+        TexturePool::getSingleton().waitUntilLoaded();
+        EXPECT_TRUE(stays->isDirty(Component::DIRTY_VIEW));
+        mWidget->clearChildren();
+    }
+}
+
+TEST_F(CSSViewTextureTest, OtherListenersMayDestroyTheViewsAheadOfTheirTurnAndBehindIt) {
+    for (const bool ahead : {true, false}) {
+        TexturePool::getSingleton().remove("a.png");
+        auto &renderer = nurel::renderer::Renderer::getSingleton();
+        int calls = 0;
+        const auto clear = [&](Texture *) {
+            ++calls;
+            mWidget->clearChildren();
+            return true;
+        };
+        if (ahead)
+            renderer.subscribeTextureRegistered(clear);
+        addPending("first");
+        addPending("second");
+        if (!ahead)
+            renderer.subscribeTextureRegistered(clear);
+        TexturePool::getSingleton().waitUntilLoaded();
+        EXPECT_EQ(calls, 1);
+        EXPECT_EQ(mWidget->getChildCount(), 0U);
+    }
+    // And who waits later is heard.
+    TexturePool::getSingleton().remove("a.png");
+    const auto later = addPending("later");
+    TexturePool::getSingleton().waitUntilLoaded();
+    EXPECT_TRUE(later->isDirty(Component::DIRTY_VIEW));
+}
+
+TEST_F(CSSViewTextureTest, AViewThatBeginsToWaitWhileTheLastOneIsToldIsHeard) {
+    auto first = addPending("first");
+    core::SmartPtr<Panel> second;
+    nurel::renderer::Renderer::getSingleton().subscribeTextureRegistered([&](Texture *) {
+        mWidget->removeChild(first.get());
+        first = nullptr;
+        second = addPanel(*mWidget, "second", 0, 0, 50, 50);
+        second->addClass("b");
+        manager().update();
+        return true;
+    });
+    TexturePool::getSingleton().waitUntilLoaded();
+    ASSERT_TRUE(second);
+    EXPECT_EQ(second->getMeshTexture(0), TexturePool::getSingleton()["b.png"]);
+    EXPECT_TRUE(second->isDirty(Component::DIRTY_VIEW));
+}
+
+TEST_F(CSSViewTextureTest, TheSubscriptionEndsWithTheLastWait) {
+    auto &renderer = nurel::renderer::Renderer::getSingleton();
+    const std::size_t none = renderer.getTextureSubscriberCount();
+    auto panel = addPending();
+    EXPECT_EQ(renderer.getTextureSubscriberCount(), none + 1);
+    const auto other = addPending("other");
+    EXPECT_EQ(renderer.getTextureSubscriberCount(), none + 1);
+    viewOf(*other).cancelEnsureTexture();
+    EXPECT_EQ(renderer.getTextureSubscriberCount(), none + 1);
+    mWidget->removeChild(panel.get());
+    panel = nullptr;
+    EXPECT_EQ(renderer.getTextureSubscriberCount(), none);
+    TexturePool::getSingleton().remove("a.png");
+    const auto last = addPending("last");
+    EXPECT_EQ(renderer.getTextureSubscriberCount(), none + 1);
+    TexturePool::getSingleton().waitUntilLoaded();
+    EXPECT_EQ(renderer.getTextureSubscriberCount(), none);
+}
+
+TEST_F(CSSViewTextureTest, AFrameThatGoesByTheLookOfItsParentGetsItsOwn) {
+    const core::SmartPtr<nurel::scene::Node> parent(new nurel::scene::Node("parent"));
+    auto *tint = new nurel::scene::properties::MaterialProperty("tint");
+    tint->setColor(Vector4(1, 0, 0, 1));
+    parent->setProperty(tint);
+    auto *frame = new nurel::scene::Frame("frame");
+    parent->appendChild(frame);
+    EXPECT_EQ(CSSView::getColor(frame), Vector4(1, 0, 0, 1));
+    EXPECT_TRUE(CSSView::setColor(frame, Vector4(0, 1, 0, -1)));
+    EXPECT_EQ(CSSView::getColor(frame), Vector4(0, 1, 0, 1));
+    EXPECT_EQ(tint->getColor(), Vector4(1, 0, 0, 1));
+    EXPECT_TRUE(CSSView::setColor(frame, Vector4(-1, 5, 5, 0.5F)));
+    EXPECT_EQ(CSSView::getColor(frame), Vector4(0, 1, 0, 0.5F));
 }
 
 TEST_F(CSSViewTextureTest, MissingAndBrokenPicturesLeaveTheMeshWithout) {

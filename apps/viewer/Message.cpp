@@ -56,7 +56,9 @@ Message::Message() : mSkin(makeSkin()) {
     ui::SkinManager::getSingleton().addSkin(mSkin.get());
 }
 
-Message::~Message() = default;
+Message::~Message() {
+    remove();
+}
 
 void Message::show(const std::string &text) {
     if (text == mText)

@@ -76,6 +76,7 @@ Screen::Screen(const std::string &path, const std::vector<std::string> &styles, 
 }
 
 Screen::~Screen() {
+    UIManager::getSingleton().removeWidget(mWidget.get());
     leave();
 }
 

@@ -5,6 +5,7 @@
 #include "TreeDump.h"
 
 #include "nengine/Engine.h"
+#include "nengine/renderer/RecordingBackend.h"
 #include "nengine/scene/Mesh.h"
 #include "nengine/scene/meshes/BorderedRectangleMesh.h"
 #include "nengine/scene/meshes/TextMesh.h"
@@ -12,6 +13,7 @@
 #include "nengine/texture/ImageFile.h"
 #include "nengine/texture/Texture.h"
 #include "nengine/texture/TexturePool.h"
+#include "nmain/stream/InputStream.h"
 #include "nui/ui/ComponentView.h"
 #include "nui/ui/SkinManager.h"
 #include "nui/ui/UIManager.h"
@@ -185,7 +187,46 @@ std::vector<std::string> describeScreen(const Screen &screen) {
     return lines;
 }
 
+std::string readFile(const std::string &path) {
+    nurel::stream::FileInputStream stream(path.c_str());
+    return nurel::stream::readAll(stream);
+}
+
+/// Where everything is drawn and in which colours; where its pictures lie in the atlas depends on what was there before.
+std::vector<std::string> describeDrawing(nurel::Engine &engine) {
+    std::vector<std::string> lines;
+    const nurel::renderer::RecordingBackend &backend = *engine.getRecordingBackend();
+    for (const nurel::renderer::DrawCommand &command : backend.getCommands()) {
+        for (const nurel::renderer::DrawVertex &vertex : backend.getVertices(command)) {
+            std::string line;
+            for (const float value : {vertex.x, vertex.y, vertex.z})
+                line += std::to_string(value) + " ";
+            lines.push_back(line + std::to_string(vertex.rgba));
+        }
+    }
+    return lines;
+}
+
 } // namespace
+
+TEST_F(ScreenTest, AfterAChangeOfTheWholeLookTheScreenIsThatOfAFreshStart) {
+    const std::string light = readFile("assets/style/light.css");
+    const std::string dark = readFile("assets/style/dark.css");
+    std::filesystem::copy("assets/style", mFolder.getPath("style"),
+                          std::filesystem::copy_options::recursive | std::filesystem::copy_options::overwrite_existing);
+    mFolder.write("screen.ui", readFile("assets/screens/controls.ui"));
+    openWith(light);
+    const std::vector<std::string> fresh = describeDrawing(mEngine);
+    EXPECT_GT(fresh.size(), 1000U);
+    openWith(dark);
+    EXPECT_NE(describeDrawing(mEngine), fresh);
+    restyle("");
+    restyle(light);
+    EXPECT_TRUE(describeDrawing(mEngine) == fresh);
+    restyle(dark);
+    restyle(light);
+    EXPECT_TRUE(describeDrawing(mEngine) == fresh);
+}
 
 TEST_F(ScreenTest, AChangedSheetIsSeenOnTheSameComponents) {
     openWith("panel { background: #ff0000; width: 300px; }");

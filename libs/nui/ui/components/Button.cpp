@@ -29,6 +29,11 @@ public:
     explicit ButtonLabel(const char *element) : Label("label", element) { setEventMask(0); }
 };
 
+void checkHasNoOtherParent(const Image *icon, const Container *owner) {
+    if (icon && icon->hasParent() && icon->getParent() != owner)
+        throw core::IllegalStateException("Component already has a parent");
+}
+
 /// The copy of a part, when it has become a child of the owner's copy.
 template <class Part>
 Part *findCopy(const Part *part, const Container &owner, const core::CloningOptions &options) {
@@ -88,14 +93,14 @@ void Button::setIcon(Image *icon) {
     const core::SmartPtr<Image> old(getIcon());
     if (icon == old.get())
         return;
-    if (icon && icon->hasParent() && icon->getParent() != this)
-        throw core::IllegalStateException("Component already has a parent");
+    checkHasNoOtherParent(icon, this);
     const Keeper self(this);
     const core::SmartPtr<Image> kept(icon);
     mIcon = icon;
     removeChild(old.get());
     if (!icon || mIcon != icon) // a callback of the old one's removal has set another
         return;
+    checkHasNoOtherParent(icon, this); // or has put this one elsewhere
     icon->setElement(getElement().c_str());
     icon->setName("icon");
     icon->setClasses(getClasses());

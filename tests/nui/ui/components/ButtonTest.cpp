@@ -339,6 +339,26 @@ TEST_F(ButtonTest, KeepsTheIconThatACallbackOfTheSwapHasSet) {
     EXPECT_FALSE(old->hasParent());
 }
 
+TEST_F(ButtonTest, RefusesAnIconThatACallbackOfTheSwapHasPutElsewhere) {
+    const core::SmartPtr<Image> old(new Image("old"));
+    const core::SmartPtr<Image> taken(new Image("taken"));
+    mButton->setIcon(old.get());
+    setEventsOfButton(*old);
+    manager().setFocus(old.get());
+    old->FocusCallbacks::subscribeCallback([&](UIEventHandler *, const FocusEvent &) {
+        mPanel->addChild(taken.get());
+        return true;
+    });
+    EXPECT_EQ(messageOf([&] { mButton->setIcon(taken.get()); }), "Component already has a parent");
+    EXPECT_EQ(mButton->getIcon(), nullptr);
+    EXPECT_FALSE(old->hasParent());
+    EXPECT_EQ(taken->getParent(), mPanel.get());
+    EXPECT_STREQ(taken->getName(), "taken");
+    EXPECT_EQ(taken->getEventMask(), Image("plain").getEventMask());
+    mButton->setPressed(true);
+    EXPECT_EQ(taken->getState(), 0u);
+}
+
 TEST_F(ButtonTest, SurvivesThatASwapOfItsIconRemovesIt) {
     const core::SmartPtr<Image> old(new Image("old"));
     mButton->setIcon(old.get());

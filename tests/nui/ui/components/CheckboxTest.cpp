@@ -8,6 +8,7 @@
 #include "nui/ui/layouts/FlowLayout.h"
 
 #include <functional>
+#include <vector>
 
 using namespace nurel::ui;
 using components::Checkbox;
@@ -67,6 +68,17 @@ std::string messageOf(const std::function<void()> &act) {
     }
     return "nothing was raised";
 }
+
+/// Notes what it is told.
+class NotingCheckbox : public Checkbox {
+public:
+    using Checkbox::Checkbox;
+    void setChecked(bool checked) override {
+        told.push_back(checked);
+        Checkbox::setChecked(checked);
+    }
+    std::vector<bool> told;
+};
 
 core::SmartPtr<Checkbox> cloneOf(const Checkbox &checkbox) {
     return static_cast<Checkbox *>(checkbox.clone());
@@ -242,6 +254,24 @@ TEST_F(CheckboxTest, AClickTurnsItOver) {
     EXPECT_FALSE(mCheckbox->isChecked());
 }
 
+TEST_F(CheckboxTest, AClickGoesThroughTheSetterThatADerivedClassHas) {
+    const core::SmartPtr<NotingCheckbox> checkbox(new NotingCheckbox("noting"));
+    const Ray ray;
+    const CursorPosition cursor;
+    checkbox->handleEvent(ClickEvent(ray, cursor, cursor));
+    checkbox->handleEvent(ClickEvent(ray, cursor, cursor));
+    EXPECT_EQ(checkbox->told, (std::vector<bool>{true, false}));
+}
+
+TEST_F(CheckboxTest, CheckingLeavesTheOtherStatesOfTheMark) {
+    moveTo(200, 150);
+    ASSERT_EQ(stateOfCheck(), HOVER);
+    mCheckbox->setChecked(true);
+    EXPECT_EQ(stateOfCheck(), HOVER | CHECKED);
+    mCheckbox->setChecked(false);
+    EXPECT_EQ(stateOfCheck(), HOVER);
+}
+
 TEST_F(CheckboxTest, AReleaseAwayFromItTurnsNothingOver) {
     moveTo(200, 150);
     press();
@@ -373,6 +403,34 @@ TEST_F(CheckboxTest, ACloneFindsPartsThatWereRenamed) {
     EXPECT_STREQ(copy->getLabel()->getName(), "caption");
     ASSERT_NE(copy->getCheck(), nullptr);
     EXPECT_STREQ(copy->getCheck()->getName(), "tick");
+}
+
+TEST_F(CheckboxTest, ACloneTakesThePartsOfItsOwnNamesAheadOfThoseOfACheckboxInside) {
+    const core::SmartPtr<Checkbox> inside(new Checkbox("inside"));
+    inside->setText("inside");
+    inside->setZIndex(-1);
+    mCheckbox->setText("Text");
+    mCheckbox->getLabel()->setName("caption");
+    mCheckbox->getCheck()->setName("tick");
+    mCheckbox->addChild(inside.get());
+    ASSERT_EQ(mCheckbox->getChildIndex(inside.get()), 0);
+    const core::SmartPtr<Checkbox> copy = cloneOf(*mCheckbox);
+    EXPECT_EQ(copy->getLabel()->getParent(), copy.get());
+    EXPECT_STREQ(copy->getText(), "Text");
+    EXPECT_EQ(copy->getCheck()->getParent(), copy.get());
+    // Of equal names it is the first one, depth first
+    mCheckbox->getLabel()->setName("label");
+    EXPECT_STREQ(cloneOf(*mCheckbox)->getText(), "inside");
+}
+
+TEST_F(CheckboxTest, ACloneIsCheckedThroughTheSetterThatADerivedClassHas) {
+    const core::SmartPtr<NotingCheckbox> target(new NotingCheckbox("target"));
+    nurel::core::CloningOptions options;
+    mCheckbox->_clone(target.get(), options);
+    mCheckbox->setChecked(true);
+    mCheckbox->_clone(target.get(), options);
+    EXPECT_EQ(target->told, (std::vector<bool>{false, true}));
+    EXPECT_EQ(target->getCheck()->getState(), CHECKED);
 }
 
 TEST_F(CheckboxTest, ACloneFindsPartsDeepDownAndNothingElseOfTheirNames) {

@@ -18,7 +18,8 @@ protected:
     void buildGeometry() override;
 
     /// A background with another texture makes the declared size of an image of automatic size one pixel larger in both
-    /// axes, so that its size is worked out anew.
+    /// axes, so that its size is worked out anew. Where two matching rules name different pictures, each restyle does
+    /// that twice.
     void apply(const Property *property) override;
 };
 

@@ -139,7 +139,7 @@ private:
     scene::properties::StencilProperty *mClearStencil = nullptr;
     scene::properties::StencilProperty *mStencil = nullptr;
     unsigned int mLastState = 0xffff;
-    std::uint32_t mOverridden = 0; ///< a bit for each `Property::Name`
+    std::uint32_t mOverridden = 0;                 ///< a bit for each `Property::Name`
     std::atomic<unsigned int> mPendingTextures{0}; ///< none: the render thread does not know the view
     bool mStyleDirty = true;
     bool mGeometryBuilt = false;

@@ -166,6 +166,30 @@ TEST_F(CSSLabelViewTest, ALabelInAButtonFollowsItsStates) {
     EXPECT_EQ(color(*button->getLabel()), Vector4(1, 0, 0, 1));
 }
 
+TEST_F(CSSLabelViewTest, AViewThatWasTakenAwayLeavesTheLabelAlone) {
+    const auto label = addLabel("label { color: red; }");
+    const core::SmartPtr<ComponentView> view(label->getView());
+    mWidget->removeChild(label.get());
+    label->clearView();
+    setSheet("label { color: blue; }");
+    label->addClass("x");
+    view->updateView();
+    EXPECT_EQ(color(*label), Vector4(1, 0, 0, 1));
+}
+
+TEST_F(CSSImageViewTest, EachNewTextureGrowsTheDeclaredSizeByAPixel) {
+    const auto image = addImage("image { width: auto; background-image: small.png; } .x { background-image: "
+                                "large.png; }");
+    const Vector2 before = image->getComponentSize().absolute;
+    image->addClass("x");
+    frame();
+    EXPECT_EQ(image->getComponentSize().absolute.y, before.y + 1);
+    // Both rules are applied again: the small picture, and then the large one.
+    image->addClass("y");
+    frame();
+    EXPECT_EQ(image->getComponentSize().absolute.y, before.y + 3);
+}
+
 TEST_F(CSSImageViewTest, ShowsWithoutABackground) {
     const auto image = addImage("");
     EXPECT_FALSE(image->getMesh()->isHidden());

@@ -95,8 +95,14 @@ TEST_F(CSSSkinTest, KeepsTheSheetWhenAFileFailsAndSaysSo) {
     EXPECT_THROW(setFile(*mStyle, "a { width: 1px }"), nurel::parser::LexerException);
     EXPECT_EQ(mStyle->getStyleSheet(), before);
     EXPECT_EQ(before->size(), 1U);
-    const std::string message = mLog.takeOne(logging::Level::ERROR);
-    EXPECT_EQ(message.rfind("CSSSkin::setStyleSheet: unable to parse CSS", 0), 0U) << message;
+    std::string reason;
+    try {
+        setFile(*mStyle, "b { width: 1px }");
+    } catch (const nurel::parser::LexerException &exception) {
+        reason = exception.what();
+    }
+    EXPECT_FALSE(reason.empty());
+    EXPECT_EQ(mLog.take(logging::Level::ERROR).back(), "CSSSkin::setStyleSheet: unable to parse CSS: " + reason);
 }
 
 TEST_F(CSSSkinTest, RaisesForAFileThatIsNotThere) {

@@ -71,6 +71,17 @@ TEST_F(CSSViewTextureTest, TheMeshTakesTheTextureAtOnceAndTheComponentIsMarkedWh
     EXPECT_EQ(panel->isDirty(Component::DIRTY_ALL), static_cast<unsigned int>(Component::DIRTY_ALL));
 }
 
+TEST_F(CSSViewTextureTest, AnImageOfAutomaticSizeTakesThatOfAPictureWhenItArrives) {
+    setSheet("image { width: auto; height: auto; background-image: a.png; }");
+    const core::SmartPtr<components::Image> image(new components::Image("image"));
+    mWidget->addChild(image.get());
+    manager().update();
+    EXPECT_EQ(image->getSize(), Vector2(0, 0));
+    TexturePool::getSingleton().waitUntilLoaded();
+    manager().update();
+    EXPECT_EQ(image->getSize(), Vector2(4, 4));
+}
+
 TEST_F(CSSViewTextureTest, AllViewsThatWaitForATextureAreMarked) {
     const auto first = addPending("first");
     const auto second = addPending("second");
@@ -231,20 +242,32 @@ TEST_F(CSSViewTextureTest, OtherListenersMayDestroyTheViewsAheadOfTheirTurnAndBe
 }
 
 TEST_F(CSSViewTextureTest, AViewThatBeginsToWaitWhileTheLastOneIsToldIsHeard) {
-    auto first = addPending("first");
-    core::SmartPtr<Panel> second;
-    nurel::renderer::Renderer::getSingleton().subscribeTextureRegistered([&](Texture *) {
-        mWidget->removeChild(first.get());
-        first = nullptr;
-        second = addPanel(*mWidget, "second", 0, 0, 50, 50);
-        second->addClass("b");
-        manager().update();
-        return true;
-    });
-    TexturePool::getSingleton().waitUntilLoaded();
-    ASSERT_TRUE(second);
-    EXPECT_EQ(second->getMeshTexture(0), TexturePool::getSingleton()["b.png"]);
-    EXPECT_TRUE(second->isDirty(Component::DIRTY_VIEW));
+    for (const bool ahead : {true, false}) {
+        TexturePool::getSingleton().remove("a.png");
+        TexturePool::getSingleton().remove("b.png");
+        core::SmartPtr<Panel> first;
+        core::SmartPtr<Panel> second;
+        const auto exchange = [&](Texture *) {
+            mWidget->removeChild(first.get());
+            first = nullptr;
+            second = addPanel(*mWidget, "second", 0, 0, 50, 50);
+            second->addClass("b");
+            manager().update();
+            return true;
+        };
+        auto &renderer = nurel::renderer::Renderer::getSingleton();
+        if (ahead)
+            renderer.subscribeTextureRegistered(exchange);
+        first = addPending("first");
+        if (!ahead)
+            renderer.subscribeTextureRegistered(exchange);
+        TexturePool::getSingleton().waitUntilLoaded();
+        ASSERT_TRUE(second);
+        TexturePool::getSingleton().waitUntilLoaded();
+        EXPECT_EQ(second->getMeshTexture(0), TexturePool::getSingleton()["b.png"]);
+        EXPECT_TRUE(second->isDirty(Component::DIRTY_VIEW)) << ahead;
+        mWidget->clearChildren();
+    }
 }
 
 TEST_F(CSSViewTextureTest, TheSubscriptionEndsWithTheLastWait) {

@@ -14,7 +14,7 @@ namespace {
 
 /// A bar is a panel, which has bars itself when nothing fits into it, as inside a padding that is wider than the bar.
 /// What ends, ends far ahead of this depth.
-constexpr unsigned int MAXIMUM_NESTED_BARS = 6;
+constexpr unsigned int MAXIMUM_NESTED_BARS = 2;
 
 } // namespace
 

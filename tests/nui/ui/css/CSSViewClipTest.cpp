@@ -195,3 +195,25 @@ TEST_F(CSSViewClipTest, AnIdleFrameSubmitsTheSameListAgain) {
     render();
     EXPECT_EQ(backend.getSameRevisionCount(), same + 1);
 }
+
+TEST_F(CSSViewClipTest, ANewColourIsDrawnAtOnce) {
+    setSheet("panel { background: red; } panel.x { background: blue; }");
+    const auto panel = addPanel(*mWidget, "panel", 0, 0, 100, 100);
+    frame();
+    render();
+    frame();
+    render();
+    const auto &backend =
+        static_cast<nurel::renderer::RecordingBackend &>(nurel::renderer::Renderer::getSingleton().getBackend());
+    EXPECT_EQ(backend.getVertices(backend.getCommands().back()).front().rgba, 0xff0000ffU);
+    panel->addClass("x");
+    frame();
+    render();
+    EXPECT_EQ(backend.getVertices(backend.getCommands().back()).front().rgba, 0xffff0000U);
+    panel->addClass("y");
+    setSheet("panel.y { background: #00ff00; border-radius: 4px; }");
+    manager().refresh();
+    frame();
+    render();
+    EXPECT_EQ(backend.getVertices(backend.getCommands().back()).front().rgba, 0xff00ff00U);
+}

@@ -11,8 +11,8 @@ class Widget;
 
 namespace viewer {
 
-/// A text at the lower edge of the stage, on top of everything, in a look that no sheet has a say in. It takes no input and
-/// leaves the focus alone.
+/// A text at the lower edge of the stage, on top of everything, in a look that no sheet has a say in. It takes no input
+/// and leaves the focus alone.
 class Message {
 public:
     Message();

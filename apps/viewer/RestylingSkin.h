@@ -6,16 +6,16 @@
 
 namespace viewer {
 
-/// The skin of the sheets. It can change the sheet under components that are shown, so that they look as if they had never
-/// had another one.
+/// The skin of the sheets. It can change the sheet under components that are shown, so that they look as if they had
+/// never had another one.
 class RestylingSkin : public nurel::ui::css::CSSSkin {
 public:
     static constexpr const char *NAME = "style";
 
     RestylingSkin() : CSSSkin(NAME) {}
 
-    /// Takes the sheet in place of the one before and styles all that is shown with it. Components, focus, states, texts
-    /// and, as far as there is as much to scroll, scroll offsets stay.
+    /// Takes the sheet in place of the one before and styles all that is shown with it. Components, focus, states,
+    /// texts and, as far as there is as much to scroll, scroll offsets stay.
     void restyle(std::unique_ptr<nurel::ui::css::CSS> sheet);
 
     /// To be called after components were removed for good.

@@ -199,9 +199,9 @@ void Screen::reloadTemplates() {
             good = tryLoading(file, [this, &file] { parse(file); }) && good;
     }
     good = good && tryLoading(mFile, [this] {
-        UIComponentFactory::getSingleton().unregisterTemplates();
-        show(load());
-    });
+               UIComponentFactory::getSingleton().unregisterTemplates();
+               show(load());
+           });
     if (!good)
         return;
     mChangedTemplates.clear();

@@ -21,9 +21,9 @@ namespace viewer {
 
 class RestylingSkin;
 
-/// The template that is shown, as a widget under the sheets, or under the style-free skin when there are none; a root of
-/// another class is put into a widget that fills the stage. Templates and images are looked up in the folder of the screen
-/// and then in those of the sheets. Lives no longer than the `UIManager`.
+/// The template that is shown, as a widget under the sheets, or under the style-free skin when there are none; a root
+/// of another class is put into a widget that fills the stage. Templates and images are looked up in the folder of the
+/// screen and then in those of the sheets. Lives no longer than the `UIManager`.
 class Screen {
 public:
     /// Sets up skin, templates and texts; raises a `core::Exception` when the screen or a sheet cannot be read.
@@ -32,9 +32,9 @@ public:
     Screen(const Screen &) = delete;
     Screen &operator=(const Screen &) = delete;
 
-    /// Loads what has changed on disk: to be called every tenth of a second or so. What fails to load leaves the last good
-    /// screen, sheets and images up, with the reason on the screen, until it is mended, and in the log. Where only sheets
-    /// and images changed the components stay and look as if they had never had the sheets before.
+    /// Loads what has changed on disk: to be called every tenth of a second or so. What fails to load leaves the last
+    /// good screen, sheets and images up, with the reason on the screen, until it is mended, and in the log. Where only
+    /// sheets and images changed the components stay and look as if they had never had the sheets before.
     void reloadChanged(WatchedFileSystem::Time now);
 
     nurel::ui::Widget *getWidget() const { return mWidget.get(); }

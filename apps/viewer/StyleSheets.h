@@ -12,8 +12,8 @@ class CSS;
 
 namespace viewer {
 
-/// The sheets of the command line, which together are one sheet: of two equally specific rules the one of the later sheet
-/// counts, wherever and whenever each was saved.
+/// The sheets of the command line, which together are one sheet: of two equally specific rules the one of the later
+/// sheet counts, wherever and whenever each was saved.
 class StyleSheets {
 public:
     explicit StyleSheets(std::vector<std::string> paths);
@@ -23,11 +23,12 @@ public:
     /// The folders that the sheets lie in, in order: where their images are.
     std::vector<std::string> getFolders() const;
 
-    /// Reads all of them anew. Raises a `core::Exception` that names the file, "FILE:LINE:COLUMN: reason" where it is the
-    /// text that is at fault.
+    /// Reads all of them anew. Raises a `core::Exception` that names the file, "FILE:LINE:COLUMN: reason" where it is
+    /// the text that is at fault.
     std::unique_ptr<nurel::ui::css::CSS> load();
 
-    /// The sheets that have been written since they were last loaded or told here. See `WatchedFileSystem::takeChanged`.
+    /// The sheets that have been written since they were last loaded or told here. See
+    /// `WatchedFileSystem::takeChanged`.
     std::vector<std::string> takeChanged(WatchedFileSystem::Time now) { return mFiles.takeChanged(now); }
 
 private:

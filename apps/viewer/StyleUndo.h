@@ -16,9 +16,9 @@ class CSS;
 
 namespace viewer {
 
-/// Takes back what a sheet did to components. A sheet only ever sets what its rules tell: what a declaration has set stays
-/// when the declaration goes, unless somebody puts back what was there before. Of a component that is what the template or
-/// the program declared; its state, text, focus and scroll offset are no sheet's.
+/// Takes back what a sheet did to components. A sheet only ever sets what its rules tell: what a declaration has set
+/// stays when the declaration goes, unless somebody puts back what was there before. Of a component that is what the
+/// template or the program declared; its state, text, focus and scroll offset are no sheet's.
 class StyleUndo {
 public:
     StyleUndo();
@@ -33,7 +33,8 @@ public:
     /// To be called when components have gone, and while nobody is about to give away new ones.
     void forgetUnused();
 
-    /// Lets go of everything. A view holds its skin, so that a skin that holds components has to let go of them some time.
+    /// Lets go of everything. A view holds its skin, so that a skin that holds components has to let go of them some
+    /// time.
     void forget();
 
     /// For every component that was remembered and has a styled view: everything that a rule of the sheet can have set,

@@ -11,9 +11,9 @@
 
 namespace viewer {
 
-/// The files of some folders, with a memory of which were asked for and what became of them since. A name is looked for in
-/// one folder after the other; the first that has it gives the file. Files are opened from the frame thread and from the
-/// one that decodes images.
+/// The files of some folders, with a memory of which were asked for and what became of them since. A name is looked for
+/// in one folder after the other; the first that has it gives the file. Files are opened from the frame thread and from
+/// the one that decodes images.
 class WatchedFileSystem : public nurel::vfs::FileSystem {
 public:
     using Time = std::chrono::steady_clock::time_point;

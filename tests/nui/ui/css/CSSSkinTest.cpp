@@ -8,6 +8,8 @@
 #include "nui/ui/components/Radio.h"
 #include "nui/ui/css/StyleTest.h"
 
+#include <ostream>
+
 using namespace nurel::ui;
 using nurel::ui::css::CSS;
 using nurel::ui::css::CSSSkin;
@@ -37,6 +39,10 @@ struct ViewName {
     const char *view;
     bool skinsChildren;
 };
+
+std::ostream &operator<<(std::ostream &out, const ViewName &row) {
+    return out << row.test;
+}
 
 class CSSSkinViews : public test::StyleTest, public testing::WithParamInterface<ViewName> {};
 

@@ -257,6 +257,38 @@ TEST(RuleIndex, SeesWhatIsChangedByHandInARuleOfTheSheet) {
     EXPECT_EQ(compare(sheet, *leaf, SELECTOR_STATE_HOVER), 0U);
 }
 
+TEST(RuleIndex, SeesWhatIsChangedByHandInTheCopyOfARule) {
+    const core::SmartPtr<Leaf> leaf(new Leaf("n", "a"));
+    const core::SmartPtr<Rule> copy(new Rule(*ruleOf("a")));
+    CSS sheet;
+    sheet.add(copy.get());
+    EXPECT_EQ(compare(sheet, *leaf, 0), 1U);
+    auto *element = new OpenElement(SelectorElement::TYPE_CLASS, "x");
+    copy->getSelectors()[0]->append(element);
+    EXPECT_EQ(compare(sheet, *leaf, 0), 0U);
+    leaf->addClass("x");
+    EXPECT_EQ(compare(sheet, *leaf, 0), 1U);
+    element->addClass("y");
+    EXPECT_EQ(compare(sheet, *leaf, 0), 0U);
+}
+
+TEST(RuleIndex, IsForgottenWhenAnotherSheetIsAssigned) {
+    const core::SmartPtr<Leaf> leaf(new Leaf("n", "a"));
+    CSS sheet;
+    sheet.add(ruleOf("a").get());
+    EXPECT_EQ(compare(sheet, *leaf, 0), 1U);
+    {
+        CSS other;
+        for (const char *text : {"#n", "*", "b"})
+            other.add(ruleOf(text).get());
+        EXPECT_EQ(compare(other, *leaf, 0), 2U);
+        sheet = other;
+    }
+    EXPECT_EQ(compare(sheet, *leaf, 0), 2U);
+    sheet = CSS();
+    EXPECT_EQ(compare(sheet, *leaf, 0), 0U);
+}
+
 TEST(RuleIndex, ARuleThatGrewStaysWhereItStandsInTheSheet) {
     const core::SmartPtr<Leaf> leaf(new Leaf("n", "a"));
     CSS sheet;

@@ -539,6 +539,39 @@ TEST_F(FormLayoutTest, ACallbackMayLayOutOnceMore) {
     EXPECT_EQ(declared(at(2)), "0,0 -5x12+0.5");
 }
 
+namespace {
+
+/// Goes away when it is told whether to show itself, once it is ready to.
+class LeavingPanel : public components::Panel {
+public:
+    using Panel::Panel;
+
+    void setVisible(bool visible) override {
+        Panel::setVisible(visible);
+        if (mIsReady && getParent())
+            getParent()->removeChild(this);
+    }
+
+    bool mIsReady = false;
+};
+
+} // namespace
+
+TEST_F(FormLayoutTest, LeavesAPairAloneOfWhichOneHalfGoesWhenItIsShown) {
+    add("L", 20, 10);
+    auto *field = new LeavingPanel("F");
+    mPanel->addChild(field);
+    addPair("b");
+    mPanel->update();
+    at(0).setPosition(Vector2(3, 4), Vector2::ZERO);
+    field->mIsReady = true;
+    mLayout->layout();
+    ASSERT_EQ(mPanel->getChildCount(), 3u);
+    EXPECT_EQ(at(0).getComponentPosition().absolute, Vector2(3, 4));
+    EXPECT_EQ(declared(at(1)), "0,0 -5x12+0.5"); // the pair behind it
+    EXPECT_EQ(declared(at(2)), "105,0 -5x12+0.5");
+}
+
 TEST_F(FormLayoutTest, SetsALayoutUpWhoseCallbacksTakeTheFormAway) {
     addPair("a");
     frame();

@@ -77,6 +77,8 @@ Label *Button::ensureLabel() {
     mLabel->getTextMesh()->setHorizontalAlignment(font::Font::HA_CENTER);
     mLabel->getTextMesh()->setVerticalAlignment(font::Font::VA_CENTER);
     _addChild(mLabel.get(), true);
+    // Coming under a disabled parent does not mark a child; the text looks disabled with its control all the same.
+    setChildState(*mLabel, mLabel->getState() | (getState() & STATE_DISABLED));
     return mLabel.get();
 }
 

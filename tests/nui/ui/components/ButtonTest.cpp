@@ -113,6 +113,15 @@ TEST_F(ButtonTest, OfAnElementOfItsOwnTakesNoKeys) {
 
 // --- text ---
 
+TEST_F(ButtonTest, TheTextOfOneThatIsDisabledAlreadyIsDisabledToo) {
+    const core::SmartPtr<Button> control(new Button("control"));
+    control->setEnabled(false);
+    control->setText("text");
+    EXPECT_EQ(control->getLabel()->getState(), static_cast<unsigned int>(Component::STATE_DISABLED));
+    control->setEnabled(true);
+    EXPECT_EQ(control->getLabel()->getState(), 0U);
+}
+
 TEST_F(ButtonTest, MakesItsLabelWithTheFirstText) {
     mButton->setElement("special");
     mButton->addClass("big");

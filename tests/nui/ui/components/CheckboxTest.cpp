@@ -117,6 +117,15 @@ TEST_F(CheckboxTest, HasAMarkFromTheStart) {
 
 // --- text ---
 
+TEST_F(CheckboxTest, TheTextOfOneThatIsDisabledAlreadyIsDisabledToo) {
+    const core::SmartPtr<Checkbox> control(new Checkbox("control"));
+    control->setEnabled(false);
+    control->setText("text");
+    EXPECT_EQ(control->getLabel()->getState(), static_cast<unsigned int>(Component::STATE_DISABLED));
+    control->setEnabled(true);
+    EXPECT_EQ(control->getLabel()->getState(), 0U);
+}
+
 TEST_F(CheckboxTest, MakesItsLabelWithTheFirstText) {
     mCheckbox->setElement("special");
     mCheckbox->addClass("big");

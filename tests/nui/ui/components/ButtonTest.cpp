@@ -808,6 +808,24 @@ TEST_F(ButtonTest, ACloneHasNoPartThatWasTakenOut) {
     EXPECT_EQ(copy->getIcon(), nullptr);
 }
 
+TEST_F(ButtonTest, ACloneDoesNotTakePartsThatAreNoChildrenOfItsOwn) {
+    mButton->setText("Text");
+    mButton->setIconVisible(true);
+    const core::SmartPtr<Label> label(mButton->getLabel());
+    const core::SmartPtr<Image> icon(mButton->getIcon());
+    const core::SmartPtr<Panel> inside(new Panel("inside"));
+    mButton->clearChildren();
+    inside->addChild(label.get());
+    inside->addChild(icon.get());
+    mButton->addChild(inside.get());
+    ASSERT_EQ(mButton->getLabel(), label.get());
+    const core::SmartPtr<Button> copy(static_cast<Button *>(mButton->clone()));
+    ASSERT_EQ(copy->getChildCount(), 1u);
+    EXPECT_EQ(static_cast<Panel *>(copy->getChildAt(0))->getChildCount(), 2u);
+    EXPECT_EQ(copy->getLabel(), nullptr);
+    EXPECT_EQ(copy->getIcon(), nullptr);
+}
+
 TEST_F(ButtonTest, ACloneFindsItsPartsWhileTheChildrenWaitToBeSorted) {
     mButton->setText("Text");
     mButton->setIconVisible(true);

@@ -86,7 +86,7 @@ TEST(CommonColor, FunctionsReadAllNumbersOnTheByteScale) {
 
 TEST(CommonColor, FunctionsThatAreCutOrMalformedAreRefusedWithoutReadingPastTheEnd) {
     for (const char *text : {"rgb", "rgba", "rgb(", "rgb(1", "rgb(1,2", "rgba(1,2,3)", "rgb (1,2,3)", "rgb(1 ,2,3)",
-                             "rgb(x,2,3)"}) {
+                             "rgb(x,2,3)", "rgb[1,2,3)", "rgb1,2,3", "rgb(1;2;3)", "rgba(1,2,3;4)"}) {
         const math::Vector4 color = parsed(text, false);
         EXPECT_EQ(color, math::Vector4(9, 9, 9, 9)) << text;
     }

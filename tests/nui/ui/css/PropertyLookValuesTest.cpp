@@ -381,6 +381,8 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"TransformRefusesOneNumber", "transform", {"scale(2)"}, "-1", "0", "scale=1 1 1"},
         Case{"TransformRefusesFourNumbers", "transform", {"scale(1,2,3,4)"}, "-1", "0", "scale=1 1 1"},
         Case{"TransformRefusesATrailingComma", "transform", {"scale(1,2,)"}, "-1", "0", "scale=1 1 1"},
+        Case{"TransformRefusesAnotherBracket", "transform", {"scale[1,2]"}, "-1", "0", "scale=1 1 1"},
+        Case{"TransformRefusesOtherSeparators", "transform", {"scale(1;2,3)"}, "-1", "0", "scale=1 1 1"},
         Case{"TransformRefusesWords", "transform", {"scale(a,b)"}, "-1", "0", "scale=1 1 1"},
         Case{"TransformRefusesAPointAlone", "transform", {"scale(.,1)"}, "-1", "0", "scale=1 1 1"},
         Case{"TransformRefusesInf", "transform", {"scale(inf,nan)"}, "-1", "0", "scale=1 1 1"},

@@ -272,6 +272,29 @@ TEST(RuleIndex, SeesWhatIsChangedByHandInTheCopyOfARule) {
     EXPECT_EQ(compare(sheet, *leaf, 0), 0U);
 }
 
+TEST(RuleIndex, SeesWordsThatAreReplacedByHandInARuleOfTheSheet) {
+    const core::SmartPtr<Leaf> leaf(new Leaf("n", "a"));
+    const core::SmartPtr<Rule> rule(new Rule());
+    auto *selector = new Selector();
+    auto *element = new OpenElement(SelectorElement::TYPE_ELEMENT, "a");
+    auto *id = new OpenElement(SelectorElement::TYPE_ID, "n");
+    selector->append(element);
+    selector->append(id);
+    rule->append(selector);
+    rule->add(Property::create(Property::COLOR));
+    CSS sheet;
+    sheet.add(rule.get());
+    EXPECT_EQ(compare(sheet, *leaf, 0), 1U);
+    element->setElement("b");
+    EXPECT_EQ(compare(sheet, *leaf, 0), 0U);
+    leaf->setElement("b");
+    EXPECT_EQ(compare(sheet, *leaf, 0), 1U);
+    id->setID("m");
+    EXPECT_EQ(compare(sheet, *leaf, 0), 0U);
+    leaf->setName("m");
+    EXPECT_EQ(compare(sheet, *leaf, 0), 1U);
+}
+
 TEST(RuleIndex, IsForgottenWhenAnotherSheetIsAssigned) {
     const core::SmartPtr<Leaf> leaf(new Leaf("n", "a"));
     CSS sheet;

@@ -272,8 +272,8 @@ TEST_F(FormLayoutTest, LabelsAreAnchoredTopLeftForGood) {
 }
 
 TEST_F(FormLayoutTest, FieldsThatAreNotAnchoredLeftKeepAnchorAndSize) {
-    // the last has neither left, centre nor right
-    for (const unsigned int anchor : {0x11u, 0x12u, 0x14u, 0x21u, 0x22u, 0x24u, 0x01u}) {
+    // the last ones have none of left, centre and right, or two of them
+    for (const unsigned int anchor : {0x11u, 0x12u, 0x14u, 0x21u, 0x22u, 0x24u, 0x01u, 0x19u, 0x29u}) {
         mPanel->clearChildren();
         addPair("a", 10, 20);
         add("L", 20, 10);
@@ -440,6 +440,15 @@ TEST_F(FormLayoutTest, AHiddenLoneLabelIsLeftAlone) {
     lay();
     EXPECT_EQ(at(2).getAnchor(), 0x12u);
     EXPECT_EQ(declared(at(2)), "0,0 20x10+0");
+}
+
+TEST_F(FormLayoutTest, ALoneLabelUnderAHiddenParentIsLeftAlone) {
+    add("L", 20, 10, Component::ANCHOR_CENTER);
+    mWidget->setVisible(false);
+    mLayout->layout();
+    EXPECT_EQ(at(0).getAnchor(), 0x12u);
+    EXPECT_EQ(declared(at(0)), "0,0 20x10+0");
+    EXPECT_TRUE(at(0).isSelfVisible());
 }
 
 // --- callbacks of the hiding ---

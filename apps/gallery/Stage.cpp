@@ -28,7 +28,7 @@ constexpr int FRAMES_OF_A_PICTURE = 5;
 
 viewer::Options makeHostOptions(const Settings &settings) {
     viewer::Options options;
-    options.screen = "nui";
+    options.title = "nui gallery";
     options.headless = !settings.pngDir.empty();
     options.width = settings.width;
     options.height = settings.height;

@@ -60,7 +60,7 @@ private:
 
 nurel::sdl::WindowConfig makeWindowConfig(const Options &options) {
     nurel::sdl::WindowConfig config;
-    config.title = options.screen + " - nui-viewer";
+    config.title = options.title.empty() ? options.screen + " - nui-viewer" : options.title;
     config.width = options.width;
     config.height = options.height;
     return config;
@@ -72,8 +72,7 @@ public:
         : mWindow(makeWindowConfig(options)), mBackend(std::make_shared<GlesBackend>()) {
         nurel::sdl::WindowCallbacks callbacks;
         callbacks.cursorMoved = [](float x, float y) {
-            UIManager::getSingleton().setMousePos(
-                {static_cast<int>(std::floor(x)), static_cast<int>(std::floor(y))});
+            UIManager::getSingleton().setMousePos({static_cast<int>(std::floor(x)), static_cast<int>(std::floor(y))});
         };
         callbacks.buttonChanged = [](nurel::input::Mouse::MouseButton button, nurel::input::Mouse::ButtonState state) {
             UIManager::getSingleton().setMouseButton(button, state);

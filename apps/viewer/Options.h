@@ -8,6 +8,7 @@ namespace viewer {
 /// What the command line asks for.
 struct Options {
     std::string screen;
+    std::string title;               ///< of the window; "": the screen and the program
     std::vector<std::string> styles; ///< sheets, as given, in order
     std::string png;
     std::string script;
@@ -17,8 +18,8 @@ struct Options {
     std::string locale;
     unsigned int width = 1280;
     unsigned int height = 720;
-    float scale = 1;   ///< UI pixels per screen pixel
-    int frames = -1;   ///< how many to run; -1: until the window closes, or a few off-screen
+    float scale = 1; ///< UI pixels per screen pixel
+    int frames = -1; ///< how many to run; -1: until the window closes, or a few off-screen
     bool headless = false;
     bool verbose = false;
     bool help = false;

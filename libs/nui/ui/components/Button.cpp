@@ -108,6 +108,7 @@ void Button::setIcon(Image *icon) {
     icon->setClasses(getClasses());
     icon->setEventMask(0);
     _addChild(icon, true);
+    setChildState(*icon, icon->getState() | (getState() & STATE_DISABLED));
 }
 
 void Button::setIconVisible(bool visible) {

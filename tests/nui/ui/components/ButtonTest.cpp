@@ -113,11 +113,13 @@ TEST_F(ButtonTest, OfAnElementOfItsOwnTakesNoKeys) {
 
 // --- text ---
 
-TEST_F(ButtonTest, TheTextOfOneThatIsDisabledAlreadyIsDisabledToo) {
+TEST_F(ButtonTest, ThePartsOfOneThatIsDisabledAlreadyAreDisabledToo) {
     const core::SmartPtr<Button> control(new Button("control"));
     control->setEnabled(false);
     control->setText("text");
+    control->setIconVisible(true);
     EXPECT_EQ(control->getLabel()->getState(), static_cast<unsigned int>(Component::STATE_DISABLED));
+    EXPECT_EQ(control->getIcon()->getState(), static_cast<unsigned int>(Component::STATE_DISABLED));
     control->setEnabled(true);
     EXPECT_EQ(control->getLabel()->getState(), 0U);
 }

@@ -40,6 +40,12 @@ void guard(const Token &token, const char *name, unsigned int replacements, std:
                              MAX_SIZE, token.getLine(), token.getColumn());
 }
 
+void guard(const Token &token, const detail::MacroPlaces &places) {
+    if (places.isGivenUp())
+        throw LexerException("Macros without end: a value takes too long. At position %d:%d", token.getLine(),
+                             token.getColumn());
+}
+
 } // namespace
 
 // Each word goes with everything behind it still attached. So a parser that compares exactly fails on all but the last
@@ -58,6 +64,7 @@ unsigned int CSSParser::applyDefines(const Token &token, std::string &out) const
     if (out.find(MACRO_SIGN) == std::string::npos || mMacros.empty())
         return 0;
     detail::MacroPlaces places(mMacros, mLongestMacro, out);
+    guard(token, places);
     unsigned int total = 0;
     unsigned int count = 0;
     do {
@@ -72,6 +79,7 @@ unsigned int CSSParser::applyDefines(const Token &token, std::string &out) const
             ++count;
             ++total;
             guard(token, name, total, out.size());
+            guard(token, places);
         }
     } while (count > 0);
     return total;

@@ -302,6 +302,22 @@ TEST(CSSParserMacro, FailWithAShortMessageForALongName) {
               "Macros without end: '" + name.substr(0, 64) + "' after 10000 replacements. At position 2:4");
 }
 
+TEST(CSSParserMacro, WithLongNamesFullOfSignsAreTaken) {
+    const std::string signs(1000, '$');
+    EXPECT_EQ(expand(signs + "x: 1;", signs + signs + "x"), signs + "1");
+    EXPECT_EQ(expand(signs + "x: 1;", signs + signs), signs + signs);
+    EXPECT_EQ(expand("$a: $b; $b: $c; $c: 1;", "$a" + signs + "$b"), "1" + signs + "1");
+}
+
+TEST(CSSParserMacro, ThatTakeTooLongToFindFail) {
+    const std::string signs(1U << 18, '$');
+    const char *const message = "Macros without end: a value takes too long. At position 2:4";
+    EXPECT_EQ(failureOf(endlessSheet(signs + "$: 1;", signs)), message);
+    EXPECT_EQ(failureOf(endlessSheet(signs + "x: 1;", signs + signs)), message);
+    EXPECT_EQ(failureOf(endlessSheet("$" + signs + ": 1; $a: $b; $b: $a;", signs + "$a")), message);
+    EXPECT_EQ(failureOf(endlessSheet("$a: -$b; $b: -$a;", "$a" + signs)), message);
+}
+
 TEST(CSSParserMacro, ThatAreNotUsedMayNameThemselves) {
     EXPECT_EQ(expand("$a: $a; $b: 1;", "$b"), "1");
     EXPECT_EQ(expand("$a: x$a; $b: 1;", "$a"), "x$a") << "a letter before it ends it";

@@ -10,6 +10,10 @@ namespace {
 
 constexpr char SIGN = '$';
 
+// What looking a place up in the table takes, and what moving places does, in steps.
+constexpr std::size_t LOOK_UP_WORK = 16;
+constexpr std::size_t PLACES_PER_STEP = 8;
+
 std::size_t countCommon(const char *a, const char *b) {
     std::size_t count = 0;
     while (a[count] && a[count] == b[count])
@@ -42,15 +46,18 @@ MacroPlaces::Places::iterator MacroPlaces::findPlace(const char *name) {
 void MacroPlaces::notePlace(Macros::const_iterator macro, std::size_t position) {
     const std::size_t fromEnd = mText.size() - position;
     const auto found = findPlace(macro->first);
-    if (found == mPlaces.end() || found->macro != macro)
+    if (found == mPlaces.end() || found->macro != macro) {
+        mWork += mPlaces.size() / PLACES_PER_STEP;
         mPlaces.insert(found, {macro, fromEnd});
-    else
+    } else {
         found->fromEnd = std::max(found->fromEnd, fromEnd);
+    }
 }
 
 // Notes every name that begins from `begin` up to `end`.
 void MacroPlaces::scan(std::size_t begin, std::size_t end) {
-    for (std::size_t place = mText.find(SIGN, begin); place < end; place = mText.find(SIGN, place + 1)) {
+    for (std::size_t place = mText.find(SIGN, begin); place < end && !isGivenUp();
+         place = mText.find(SIGN, place + 1)) {
         const char *here = mText.c_str() + place;
         for (auto macro = findPrefix(mMacros.begin(), here); macro != mMacros.end();
              macro = findPrefix(std::next(macro), here))
@@ -58,12 +65,25 @@ void MacroPlaces::scan(std::size_t begin, std::size_t end) {
     }
 }
 
+// The first place of the name from `begin` on.
+std::size_t MacroPlaces::findName(const char *name, std::size_t begin) {
+    for (std::size_t place = mText.find(SIGN, begin); place != std::string::npos && !isGivenUp();
+         place = mText.find(SIGN, place + 1)) {
+        const std::size_t common = countCommon(name, mText.c_str() + place);
+        mWork += common + 1;
+        if (!name[common])
+            return place;
+    }
+    return std::string::npos;
+}
+
 // The first name, from `macro` on in the order of names, with which the text begins.
-MacroPlaces::Macros::const_iterator MacroPlaces::findPrefix(Macros::const_iterator macro, const char *text) const {
+MacroPlaces::Macros::const_iterator MacroPlaces::findPrefix(Macros::const_iterator macro, const char *text) {
     std::string beginning;
     while (macro != mMacros.end()) {
         const char *name = macro->first;
         const std::size_t common = countCommon(name, text);
+        mWork += common + LOOK_UP_WORK;
         if (!name[common])
             return macro;
         // names are ordered by their bytes without sign
@@ -80,6 +100,7 @@ void MacroPlaces::replace(Place place) {
     const std::size_t position = getPosition(place);
     const std::size_t end = position + std::strlen(place.macro->first);
     const std::string &value = place.macro->second;
+    mWork += mPlaces.size() / PLACES_PER_STEP;
     // a name that begins before this may reach into what changes
     const std::size_t begin = position - std::min(position, mLongest);
     // 1. Names that begin there may be gone
@@ -100,7 +121,7 @@ void MacroPlaces::replace(Place place) {
         const auto found = findPlace(other.macro->first);
         if (found != mPlaces.end() && found->macro == other.macro)
             continue;
-        const std::size_t next = mText.find(other.macro->first, position + value.size());
+        const std::size_t next = findName(other.macro->first, position + value.size());
         if (next != std::string::npos)
             mPlaces.insert(found, {other.macro, mText.size() - next});
     }

@@ -10,8 +10,11 @@
 namespace nurel::ui::css::detail {
 
 /// Where the names of macros stand in a text, kept up while the names are replaced: of each name that is in the text
-/// the first place. What a replacement costs goes by what it changes and not by the text, so that macros without end
-/// are found out soon. The names begin with "$".
+/// the first place. What a replacement costs goes mostly by what it changes and not by the text, so that macros without
+/// end are found out soon. The names begin with "$".
+///
+/// Very long names and texts full of "$" can still make it slow. So the work is counted, and past a limit that no sheet
+/// of use comes near it is given up.
 class MacroPlaces {
 public:
     using Macros = core::CKHashMapValue<std::string>;
@@ -32,19 +35,26 @@ public:
     /// Puts the macro's value where the place is.
     void replace(Place place);
 
+    /// Whether the work was given up. The places and the text are of no use then.
+    bool isGivenUp() const { return mWork > MAX_WORK; }
+
 private:
     using Places = std::vector<Place>;
+
+    static constexpr std::size_t MAX_WORK = std::size_t{1} << 28; // about a second
 
     std::size_t getPosition(const Place &place) const { return mText.size() - place.fromEnd; }
     Places::iterator findPlace(const char *name);
     void notePlace(Macros::const_iterator macro, std::size_t position);
     void scan(std::size_t begin, std::size_t end);
-    Macros::const_iterator findPrefix(Macros::const_iterator macro, const char *text) const;
+    std::size_t findName(const char *name, std::size_t begin);
+    Macros::const_iterator findPrefix(Macros::const_iterator macro, const char *text);
 
     const Macros &mMacros;
     const std::size_t mLongest;
     std::string &mText;
-    Places mPlaces; ///< by name
+    Places mPlaces;        ///< by name
+    std::size_t mWork = 0; ///< about as many steps as characters were compared
 };
 
 } // namespace nurel::ui::css::detail

@@ -112,7 +112,7 @@ void CSSView::buildGeometry() {
     getUnderlay()->appendChild(mesh);
     // 3.
     mStencil = makeStencil(StencilProperty::EQUAL, StencilProperty::KEEP);
-    setProperty(mStencil);
+    setProperty(mStencil.get());
     // 4.
     if (component.isContainer())
         buildClip();
@@ -133,11 +133,11 @@ void CSSView::buildClip() {
     mClip->setProperty(invisible.get());
     mClipClear->setProperty(invisible.get());
     mClipStencil = makeStencil(StencilProperty::EQUAL, StencilProperty::INCREMENT);
-    mClip->setProperty(mClipStencil);
-    getUnderlay()->appendChild(mClip);
+    mClip->setProperty(mClipStencil.get());
+    getUnderlay()->appendChild(mClip.get());
     mClearStencil = makeStencil(StencilProperty::LESS_EQUAL, StencilProperty::REPLACE);
-    mClipClear->setProperty(mClearStencil);
-    getOverlay()->appendChild(mClipClear);
+    mClipClear->setProperty(mClearStencil.get());
+    getOverlay()->appendChild(mClipClear.get());
 }
 
 void CSSView::updateView() {
@@ -194,9 +194,10 @@ void CSSView::restyle() {
 }
 
 void CSSView::applyProperties() {
-    if (getComponent()) {
-        for (const Property *property : mStylable.getProperties())
-            apply(property);
+    for (const Property *property : mStylable.getProperties()) {
+        if (!getComponent()) // an override of one of its setters may have dropped the view
+            break;
+        apply(property);
     }
     mStylable.clearProperties();
 }
@@ -205,7 +206,7 @@ void CSSView::placeClip() {
     const auto &container = static_cast<const Container &>(*getComponent());
     const math::Vector2 offset = getInnerOffset(container) - math::Vector2(0.5f, 0.5f);
     const math::Vector2 size = container.getContainerSize() + math::Vector2(1, 1);
-    for (BorderedRectangleMesh *mesh : {mClip, mClipClear}) {
+    for (BorderedRectangleMesh *mesh : {mClip.get(), mClipClear.get()}) {
         mesh->setSize(size);
         mesh->setTranslation(math::Vector3(offset.x, offset.y, 0));
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "foundation/core/SmartPtr.h"
 #include "nmain/math/Vector4.h"
 #include "nui/ui/ComponentView.h"
 #include "nui/ui/css/Property.h"
@@ -105,10 +106,10 @@ protected:
     virtual void apply(const Property *property);
 
     scene::meshes::BorderedRectangleMesh *getMesh() const { return mMesh; }
-    scene::meshes::BorderedRectangleMesh *getClip() const { return mClip; }
-    scene::meshes::BorderedRectangleMesh *getClipClear() const { return mClipClear; }
-    scene::properties::StencilProperty *getStencil() const { return mStencil; }
-    scene::properties::StencilProperty *getClipStencil() const { return mClipStencil; }
+    scene::meshes::BorderedRectangleMesh *getClip() const { return mClip.get(); }
+    scene::meshes::BorderedRectangleMesh *getClipClear() const { return mClipClear.get(); }
+    scene::properties::StencilProperty *getStencil() const { return mStencil.get(); }
+    scene::properties::StencilProperty *getClipStencil() const { return mClipStencil.get(); }
 
     /// How far the inside of the box lies off its middle, in whole pixels.
     static math::Vector2 getInnerOffset(const Component &component);
@@ -133,11 +134,12 @@ private:
 
     StylableHelper mStylable;
     scene::meshes::BorderedRectangleMesh *mMesh = nullptr; ///< the underlay's; null too for a mesh of another class
-    scene::meshes::BorderedRectangleMesh *mClip = nullptr; ///< the underlay's; containers only
-    scene::meshes::BorderedRectangleMesh *mClipClear = nullptr; ///< the overlay's; containers only
-    scene::properties::StencilProperty *mClipStencil = nullptr;
-    scene::properties::StencilProperty *mClearStencil = nullptr;
-    scene::properties::StencilProperty *mStencil = nullptr;
+    // Held, for an application may take them out of the scene
+    core::SmartPtr<scene::meshes::BorderedRectangleMesh> mClip;      ///< in the underlay; containers only
+    core::SmartPtr<scene::meshes::BorderedRectangleMesh> mClipClear; ///< in the overlay; containers only
+    core::SmartPtr<scene::properties::StencilProperty> mClipStencil;
+    core::SmartPtr<scene::properties::StencilProperty> mClearStencil;
+    core::SmartPtr<scene::properties::StencilProperty> mStencil;
     unsigned int mLastState = 0xffff;
     std::uint32_t mOverridden = 0;                 ///< a bit for each `Property::Name`
     std::atomic<unsigned int> mPendingTextures{0}; ///< none: the render thread does not know the view

@@ -165,7 +165,9 @@ void CSSView::_cancelEnsureTexture(CSSView *view) {
     if (!views.empty() || !waiting().subscription)
         return;
     waiting().subscription = nullptr; // the callback itself may live on to the end of a call that is under way
-    renderer::Renderer::getSingleton().unsubscribeTextureRegistered(waiting().subscriptionId);
+    // A renderer that is going runs what is queued at its very end.
+    if (renderer::Renderer *renderer = renderer::Renderer::getSingletonPtr())
+        renderer->unsubscribeTextureRegistered(waiting().subscriptionId);
 }
 
 } // namespace nurel::ui::css

@@ -203,6 +203,9 @@ TEST_F(CSSImageViewTest, AnAutomaticSizeFollowsTheTexture) {
     image->addClass("x");
     frame();
     EXPECT_EQ(image->getSize(), Vector2(64, 32));
+    image->removeClass("x");
+    frame();
+    EXPECT_EQ(image->getSize(), Vector2(20, 10));
 }
 
 TEST_F(CSSImageViewTest, AFixedSizeStays) {

@@ -175,6 +175,9 @@ TEST_F(CSSSkinTest, DroppingTheSheetLeavesWhatWasApplied) {
 TEST_F(CSSSkinTest, IsForgottenAsTheDefaultSkinWithItsEnd) {
     core::SmartPtr<CSSSkin> skin(new CSSSkin("short"));
     SkinManager::getSingleton().setDefaultSkin(skin.get());
+    skin = nullptr;
+    EXPECT_EQ(SkinManager::getSingleton().getDefaultSkin(), nullptr);
+    skin = new CSSSkin("short");
     SkinManager::getSingleton().setDefaultSkin(mStyle.get());
     skin = nullptr;
     EXPECT_EQ(SkinManager::getSingleton().getDefaultSkin(), mStyle.get());

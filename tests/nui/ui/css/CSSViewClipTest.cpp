@@ -217,3 +217,19 @@ TEST_F(CSSViewClipTest, ANewColourIsDrawnAtOnce) {
     render();
     EXPECT_EQ(backend.getVertices(backend.getCommands().back()).front().rgba, 0xff00ff00U);
 }
+
+TEST_F(CSSViewClipTest, ClippingThatWasTakenOutOfTheSceneIsJustNotDrawn) {
+    const auto panel = addPanel(*mWidget, "panel", 0, 0, 100, 100);
+    const auto inner = addPanel(*panel, "inner", 50, 50, 100, 100);
+    frame();
+    ComponentView &view = *panel->getView();
+    view.getUnderlay()->removeChild(&clip(*panel));
+    view.getOverlay()->removeChild(&clear(*panel));
+    view.setProperty(new StencilProperty);
+    panel->addClass("x");
+    frame();
+    frame();
+    EXPECT_EQ(stencil(*inner->getView()).getReference(), 2U);
+    EXPECT_FALSE(stencil(view).isEnabled());
+    EXPECT_FALSE(commands().empty());
+}

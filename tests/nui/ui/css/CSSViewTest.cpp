@@ -354,6 +354,42 @@ TEST_F(CSSViewTest, PaddingFromASheetMovesTheContentOnTheFirstFrame) {
     EXPECT_EQ(flow->getContainerSize(), Vector2(220, 220));
 }
 
+TEST_F(CSSViewTest, WhatNarrowsAFlowBreaksItsRowsOnTheFirstFrame) {
+    for (const char *narrow : {"width: 120px;", "max-width: 120px;", "padding: 0 130px 0 0;", "border: 0 0 0 130px;"}) {
+        SCOPED_TRACE(narrow);
+        setSheet(std::string("#flow { width: 250px; height: 300px; } #flow.narrow { ") + narrow + " }");
+        mWidget = addStyledWidget();
+        const auto flow = addPanel(*mWidget, "flow", 0, 0, 700, 300);
+        flow->setLayout(new layouts::FlowLayout);
+        const auto first = addPanel(*flow, "box", 0, 0, 100, 50);
+        const auto second = addPanel(*flow, "box", 0, 0, 100, 50);
+        frame();
+        EXPECT_EQ(second->getWorldPosition().y, first->getWorldPosition().y);
+        flow->addClass("narrow");
+        frame();
+        EXPECT_GT(second->getWorldPosition().y, first->getWorldPosition().y);
+    }
+}
+
+TEST_F(CSSViewTest, AComponentMayDropItsViewWhileItIsStyled) {
+    class Dropping : public Panel {
+    public:
+        using Panel::setAutoSize;
+        void setAutoSize(unsigned int flags, const Vector2 &offset) override {
+            Panel::setAutoSize(flags, offset);
+            clearView();
+        }
+    };
+    setSheet("panel { background: red; width: 40px; height: 50px; z-index: 3; }");
+    mWidget = addStyledWidget();
+    const core::SmartPtr<Dropping> panel(new Dropping);
+    mWidget->addChild(panel.get());
+    frame();
+    EXPECT_FALSE(panel->hasView());
+    EXPECT_EQ(panel->getComponentSize().absolute.x, 40);
+    EXPECT_EQ(panel->getZIndex(), 0) << "nobody is left to style it";
+}
+
 TEST_F(CSSViewTest, AViewWithoutASkinDrawsItsBox) {
     const core::SmartPtr<Panel> panel(new Panel("panel"));
     const core::SmartPtr<CSSView> view(new CSSView("view", panel.get(), nullptr));

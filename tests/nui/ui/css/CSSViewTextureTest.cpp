@@ -179,26 +179,6 @@ TEST_F(CSSViewTextureTest, AViewMayOutliveTheEngine) {
     SUCCEED();
 }
 
-TEST_F(CSSViewTextureTest, AWaitMayEndWithWhatTheRendererRunsLast) {
-    auto panel = addPending();
-    core::SmartPtr<ComponentView> view(panel->getView());
-    std::thread([&view] {
-        nurel::renderer::Renderer::getSingleton().getTaskQueue().post(
-            [&view] { static_cast<CSSView &>(*view).cancelEnsureTexture(); });
-    }).join();
-    mWidget->removeChild(panel.get());
-    panel = nullptr;
-    TexturePool::getSingleton().setFileSystem(nullptr);
-    mWidget = nullptr;
-    mStyle = nullptr;
-    mSkin = nullptr;
-    UIManager::shutdown();
-    SkinManager::deleteSingleton();
-    mEngine.reset();
-    view = nullptr;
-    EXPECT_TRUE(mLog.take(logging::Level::ERROR).empty());
-}
-
 TEST_F(CSSViewTextureTest, AViewThatWaitsForNothingCanGoOnAnotherThread) {
     setSheet("");
     auto panel = addPending();

@@ -78,10 +78,10 @@ void CSSLabelView::applyFont(const Font &property) {
         scale /= font->getSize();
     }
     // 3.
-    if (scale != mTextMesh->getScale()) {
-        mTextMesh->setScale(scale);
-        forceDirty(); // the label may take its size from the text
-    }
+    const float before = mTextMesh->getScale();
+    mTextMesh->setScale(scale);
+    if (mTextMesh->getScale() != before) // the mesh takes what is no scale for 0
+        forceDirty();                    // the label may take its size from the text
 }
 
 void CSSLabelView::updateView() {

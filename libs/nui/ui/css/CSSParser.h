@@ -20,7 +20,7 @@ namespace nurel::ui::css {
 
 class CSS;
 
-/// Reads a style sheet. The language is described in docs/styling.md.
+/// Reads a style sheet. The language is described in docs/sheets.md.
 ///
 /// A token out of place costs the whole sheet: it raises `parser::LexerException` with line and column, both from 1.
 /// Unknown property names and unknown "@" words cost a warning and what belongs to them. Values that a property does

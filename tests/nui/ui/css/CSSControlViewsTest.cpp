@@ -117,6 +117,19 @@ TEST_F(CSSLabelViewTest, AnUnknownFamilyChangesNothingButTheSizeCounts) {
     EXPECT_FLOAT_EQ(label->getTextMesh()->getScale(), 0.5f);
 }
 
+TEST_F(CSSLabelViewTest, TheSameStyleAgainDirtiesNothing) {
+    for (const char *size : {"24px", "150%", "-5px", "0px", "1e39px"}) {
+        SCOPED_TRACE(size);
+        const auto label = addLabel((std::string("label { color: red; text-align: right; font-size: ") + size +
+                                     "; } label { vertical-align: center; opacity: 0.5; }")
+                                        .c_str());
+        label->addClass("x");
+        label->getView()->updateView();
+        EXPECT_FALSE(label->isDirty(Component::DIRTY_POSITION));
+        EXPECT_FALSE(mWidget->isDirty(Component::DIRTY_CONTENT));
+    }
+}
+
 TEST_F(CSSLabelViewTest, ALabelOfAutomaticSizeGrowsWithTheFont) {
     const auto label = addLabel("label { width: auto; height: auto; } .large { font-size: 300%; }");
     const Vector2 before = label->getSize();

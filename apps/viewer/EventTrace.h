@@ -12,8 +12,8 @@ class UIEventHandler;
 
 namespace viewer {
 
-/// Writes one JSON line for every event that the `UIManager` sends, and one for each change of the focus and of the hovered
-/// component. It observes while it lives, and has to end before the manager does.
+/// Writes one JSON line for every event that the `UIManager` sends, and one for each change of the focus and of the
+/// hovered component. It observes while it lives, and has to end before the manager does.
 class EventTrace {
 public:
     /// Raises `core::IOException` when the file cannot be written.

@@ -139,10 +139,10 @@ struct ComponentKey {
 };
 
 constexpr ComponentKey COMPONENT_KEYS[] = {
-    {"visible", isFlag, checkVisible},   {"enabled", isFlag, checkEnabled},
-    {"focused", isFlag, checkFocused},   {"hovered", isFlag, checkHovered},
-    {"checked", isFlag, checkChecked},   {"text", isText, checkText},
-    {"position", isPair, checkPosition}, {"size", isPair, checkSize},
+    {"visible", isFlag, checkVisible},          {"enabled", isFlag, checkEnabled},
+    {"focused", isFlag, checkFocused},          {"hovered", isFlag, checkHovered},
+    {"checked", isFlag, checkChecked},          {"text", isText, checkText},
+    {"position", isPair, checkPosition},        {"size", isPair, checkSize},
     {"value", isNumber, checkNothingToCompare}, {"selected", isNumber, checkNothingToCompare},
 };
 
@@ -158,7 +158,9 @@ Finding checkPixel(const JSObject &expected, Session &session) {
     const Session::Picture picture = session.capture();
     const int x = expected.get("at")->getInt(0U, 0);
     const int y = expected.get("at")->getInt(1U, 0);
-    const auto inside = [](int value, unsigned int limit) { return value >= 0 && static_cast<unsigned int>(value) < limit; };
+    const auto inside = [](int value, unsigned int limit) {
+        return value >= 0 && static_cast<unsigned int>(value) < limit;
+    };
     if (!inside(x, picture.width) || !inside(y, picture.height))
         return "expected a pixel inside the picture, actual: outside of it";
     const std::size_t index = (static_cast<std::size_t>(y) * picture.width + static_cast<std::size_t>(x)) * 4;

@@ -38,8 +38,8 @@ public:
     /// The drawn picture: rows from the top, four bytes a pixel.
     virtual std::vector<std::uint8_t> readPixels() = 0;
 
-    /// A window when the options and the display allow one, else a picture in memory. Raises a `core::Exception` with one
-    /// sentence when there is neither.
+    /// A window when the options and the display allow one, else a picture in memory. Raises a `core::Exception` with
+    /// one sentence when there is neither.
     static std::unique_ptr<Host> create(const Options &options);
 };
 

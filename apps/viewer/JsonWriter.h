@@ -4,8 +4,8 @@
 
 namespace viewer {
 
-/// Appends JSON to a text, with the commas where they belong. Floats are written with the fewest digits that read back as
-/// the same number; one that is no number is written as null.
+/// Appends JSON to a text, with the commas where they belong. Floats are written with the fewest digits that read back
+/// as the same number; one that is no number is written as null.
 class JsonWriter {
 public:
     explicit JsonWriter(std::string &out) : mOut(out) {}

@@ -99,7 +99,8 @@ Vector2 readPoint(const JSObject &json) {
 }
 
 void moveTo(const Vector2 &point) {
-    UIManager::getSingleton().setMousePos({static_cast<int>(std::lround(point.x)), static_cast<int>(std::lround(point.y))});
+    UIManager::getSingleton().setMousePos(
+        {static_cast<int>(std::lround(point.x)), static_cast<int>(std::lround(point.y))});
 }
 
 void runFrames(Play &play, unsigned int count) {

@@ -11,12 +11,12 @@ namespace viewer {
 
 class Session;
 
-/// Plays a script of input, pictures and expectations: a JSON array of steps, each one an object. docs/viewer.md tells the
-/// steps.
+/// Plays a script of input, pictures and expectations: a JSON array of steps, each one an object. docs/viewer.md tells
+/// the steps.
 class ScriptPlayer {
 public:
-    /// Reads the script and checks every step, so that a faulty one plays nothing; raises a `core::Exception` that tells
-    /// the file and the step.
+    /// Reads the script and checks every step, so that a faulty one plays nothing; raises a `core::Exception` that
+    /// tells the file and the step.
     explicit ScriptPlayer(const std::string &path);
     ~ScriptPlayer();
 

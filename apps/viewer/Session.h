@@ -15,8 +15,8 @@
 
 namespace viewer {
 
-/// One run of the viewer: the engine, the host that it draws to, the screen that is shown, and the frames. Everything that
-/// it cannot read or write raises a `core::Exception`.
+/// One run of the viewer: the engine, the host that it draws to, the screen that is shown, and the frames. Everything
+/// that it cannot read or write raises a `core::Exception`.
 class Session {
 public:
     explicit Session(const Options &options);

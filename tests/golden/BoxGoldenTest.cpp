@@ -30,7 +30,8 @@ namespace {
 constexpr unsigned int SIDE = 24;
 constexpr unsigned int BORDER = 8;
 
-/// Corners red, edges green and blue, the middle a translucent white: each of the nine slices can be told from the others.
+/// Corners red, edges green and blue, the middle a translucent white: each of the nine slices can be told from the
+/// others.
 std::vector<std::uint8_t> makeSkin() {
     std::vector<std::uint8_t> rgba;
     for (unsigned int y = 0; y < SIDE; ++y) {

@@ -39,9 +39,9 @@ protected:
     /// A node at the stage's centre, above the widgets; x to the right, y down, one unit a pixel.
     nurel::scene::Node &makeNode();
 
-    /// Draws a few frames and compares the last with the reference of that name: at most 4 of 255 a channel, but for one
-    /// pixel in a thousand. On a difference the picture and what differs are left in out/golden. With NUI_UPDATE_GOLDEN set
-    /// the reference is written instead.
+    /// Draws a few frames and compares the last with the reference of that name: at most 4 of 255 a channel, but for
+    /// one pixel in a thousand. On a difference the picture and what differs are left in out/golden. With
+    /// NUI_UPDATE_GOLDEN set the reference is written instead.
     void expectPicture(const std::string &name);
 
     nurel::Engine &engine() { return *mEngine; }

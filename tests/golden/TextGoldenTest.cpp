@@ -1,5 +1,5 @@
-// Text of several scripts. Fonts come from files: one of the test data, and the ones of Debian's Noto packages where they
-// are installed.
+// Text of several scripts. Fonts come from files: one of the test data, and the ones of Debian's Noto packages where
+// they are installed.
 #include "GoldenFixture.h"
 
 #include "nengine/font/Font.h"

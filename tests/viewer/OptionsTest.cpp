@@ -41,9 +41,9 @@ TEST(Options, AScreenAloneOpensAWindowOfTheDefaultSize) {
 
 TEST(Options, EveryOptionIsRead) {
     const Options options =
-        parse({"--size", "640x480", "--scale", "1.5", "--png", "o.png", "--frames", "7", "--script", "s.json", "--trace",
-               "t.jsonl", "--dump", "d.json", "--font", "f.ttf", "--locale", "de", "--verbose", "--headless", "a.ui",
-               "--style", "look.css"});
+        parse({"--size",   "640x480", "--scale",   "1.5",        "--png",  "o.png",   "--frames", "7",
+               "--script", "s.json",  "--trace",   "t.jsonl",    "--dump", "d.json",  "--font",   "f.ttf",
+               "--locale", "de",      "--verbose", "--headless", "a.ui",   "--style", "look.css"});
     EXPECT_EQ(options.width, 640U);
     EXPECT_EQ(options.height, 480U);
     EXPECT_FLOAT_EQ(options.scale, 1.5F);

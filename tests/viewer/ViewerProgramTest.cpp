@@ -249,5 +249,6 @@ TEST_F(ViewerProgram, TextsComeFromTheCatalogueOfTheLocale) {
     write("i18n/de.xml", R"(<catalogue locale="de"><text key="greet">Hallo</text></catalogue>)");
     write("greet.ui", R"({"type":"label","name":"l","text":"${greet}!"})");
     write("script.json", R"([{"expect":{"name":"l","text":"Hallo!"}}])");
-    EXPECT_EQ(run("greet.ui --font '" TEST_FONT "' --headless --locale de_AT --script script.json"), 0) << read("err.txt");
+    EXPECT_EQ(run("greet.ui --font '" TEST_FONT "' --headless --locale de_AT --script script.json"), 0)
+        << read("err.txt");
 }

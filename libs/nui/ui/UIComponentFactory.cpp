@@ -75,8 +75,8 @@ Component *UIComponentFactory::load(const char *name) {
     const std::string path = name + mTemplateExtension;
     // A second look at the resolver, ahead of its use: it speaks only when the first one above is ever taken out.
     if (!mLoadResolver) {
-        logging::Logger::mROOT_LOGGER.error(
-            "UIComponentFactory: can't load template %s, loadcallback not stablished", name);
+        logging::Logger::mROOT_LOGGER.error("UIComponentFactory: can't load template %s, loadcallback not stablished",
+                                            name);
         return nullptr;
     }
     const std::unique_ptr<stream::InputStream> stream(mLoadResolver->open(path.c_str()));

@@ -12,20 +12,19 @@
 
 namespace nurel::ui {
 
-/// Hands out components by the name of their template. The first request for a name reads and parses the template's file
-/// and keeps the component as a prototype; every request gets a clone of it. Used from the thread that drives the
+/// Hands out components by the name of their template. The first request for a name reads and parses the template's
+/// file and keeps the component as a prototype; every request gets a clone of it. Used from the thread that drives the
 /// `UIManager`, which also deletes this singleton when it ends.
-class UIComponentFactory
-    : public core::Singleton<UIComponentFactory, 0, 0, core::Singleton_Singlethread_Policy> {
+class UIComponentFactory : public core::Singleton<UIComponentFactory, 0, 0, core::Singleton_Singlethread_Policy> {
 public:
     UIComponentFactory();
     UIComponentFactory(const UIComponentFactory &other);
     UIComponentFactory &operator=(const UIComponentFactory &other);
     ~UIComponentFactory();
 
-    /// A new component, whose reference belongs to the caller; a null name counts as the empty one. A load that fails is
-    /// logged as "Unable to load template %s", and its exception goes on to the caller; nothing is kept then, and the
-    /// next request tries again.
+    /// A new component, whose reference belongs to the caller; a null name counts as the empty one. A load that fails
+    /// is logged as "Unable to load template %s", and its exception goes on to the caller; nothing is kept then, and
+    /// the next request tries again.
     Component *newInstance(const char *name);
 
     /// The prototype of that name, or null. Never loads.
@@ -40,8 +39,8 @@ public:
     void setTemplateExtension(const char *extension);
     const char *getTemplateExtension() const { return mTemplateExtension.c_str(); }
 
-    /// How templates are opened: by `fileSystem->open(path)`, which gives a new stream that the factory deletes. The file
-    /// system is not owned and has to live until another one is set, or `clearLoadResolver`, or the factory's end.
+    /// How templates are opened: by `fileSystem->open(path)`, which gives a new stream that the factory deletes. The
+    /// file system is not owned and has to live until another one is set, or `clearLoadResolver`, or the factory's end.
     template <class FileSystem>
     void setLoadResolver(FileSystem *fileSystem) {
         mLoadResolver = fileSystem ? std::make_shared<FileSystemResolver<FileSystem>>(fileSystem) : nullptr;

@@ -34,12 +34,9 @@ struct TypeWord {
 };
 
 constexpr TypeWord TYPE_WORDS[] = {
-    {"panel", &components::Panel::TYPE},
-    {"button", &components::Button::TYPE},
-    {"label", &components::Label::TYPE},
-    {"checkbox", &components::Checkbox::TYPE},
-    {"radio", &components::Radio::TYPE},
-    {"image", &components::Image::TYPE},
+    {"panel", &components::Panel::TYPE}, {"button", &components::Button::TYPE},
+    {"label", &components::Label::TYPE}, {"checkbox", &components::Checkbox::TYPE},
+    {"radio", &components::Radio::TYPE}, {"image", &components::Image::TYPE},
     {"widget", &Widget::TYPE},
 };
 
@@ -49,10 +46,9 @@ struct AnchorWord {
 };
 
 constexpr AnchorWord ANCHOR_WORDS[] = {
-    {"left", 0x08},        {"right", 0x20},        {"top", 0x01},           {"bottom", 0x04},
-    {"center", 0x12},      {"center-left", 0x0a},  {"center-right", 0x22},  {"top-left", 0x09},
-    {"top-right", 0x21},   {"top-center", 0x11},   {"bottom-left", 0x0c},   {"bottom-right", 0x24},
-    {"bottom-center", 0x14},
+    {"left", 0x08},        {"right", 0x20},        {"top", 0x01},           {"bottom", 0x04},    {"center", 0x12},
+    {"center-left", 0x0a}, {"center-right", 0x22}, {"top-left", 0x09},      {"top-right", 0x21}, {"top-center", 0x11},
+    {"bottom-left", 0x0c}, {"bottom-right", 0x24}, {"bottom-center", 0x14},
 };
 
 constexpr unsigned int ANCHOR_CENTER = 0x12;
@@ -124,8 +120,8 @@ void UIComponentParser::parseChildren(const json::JSObject &json, const char *wo
     if (!json.hasKey("children"))
         return;
     if (!component.isContainer())
-        throw core::IllegalArgumentException(
-            "Invalid children declaration. Parent is not a valid container type (%s)", word);
+        throw core::IllegalArgumentException("Invalid children declaration. Parent is not a valid container type (%s)",
+                                             word);
     const json::JSObject &list = *json.get("children");
     if (list.getType() != json::JSObject::T_ARRAY)
         throw core::IllegalArgumentException("Invalid children list (not an array)");

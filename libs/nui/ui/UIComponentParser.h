@@ -15,8 +15,8 @@ class Layout;
 /// docs/templates.md. The parser itself has no state; the words for component types are shared by all parsers, and an
 /// application may add its own.
 ///
-/// Bad input costs as little as possible: a value of the wrong kind reads as its default, a bad layout costs the layout, a
-/// bad child costs that child with its subtree, each with a logged error. Only the root's own faults raise
+/// Bad input costs as little as possible: a value of the wrong kind reads as its default, a bad layout costs the
+/// layout, a bad child costs that child with its subtree, each with a logged error. Only the root's own faults raise
 /// `core::IllegalArgumentException`. Used from the thread that drives the `UIManager`.
 class UIComponentParser {
 public:
@@ -24,15 +24,16 @@ public:
     /// Text that is no JSON raises `json::JSONException`.
     Component *parse(stream::InputStream *stream);
 
-    /// Builds the component of one JSON object, its children included. The new component's reference belongs to the caller.
+    /// Builds the component of one JSON object, its children included. The new component's reference belongs to the
+    /// caller.
     Component *parseComponent(const json::JSObject *json);
 
     /// The anchor of a word such as "top-left" or "left"; an unknown word and null give the centre.
     static Component::Anchor parseAnchor(const char *word);
 
-    /// Lets templates name the type by the word, which `EngineFactory` has to be able to create. Gives the type that was
-    /// under the word before, or `type` itself. Words registered before the first template is parsed replace the built-in
-    /// list: they are then the only ones.
+    /// Lets templates name the type by the word, which `EngineFactory` has to be able to create. Gives the type that
+    /// was under the word before, or `type` itself. Words registered before the first template is parsed replace the
+    /// built-in list: they are then the only ones.
     static const core::Type &registerType(const char *word, const core::Type &type);
 
     /// Takes a word out; false when it was not there. With no word left the built-in ones come back at the next parse.

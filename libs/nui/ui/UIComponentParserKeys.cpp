@@ -191,8 +191,8 @@ void parseButtonKeys(const JSObject &json, Component &component) {
         button.setChecked(json.getBool("checked", false));
 }
 
-/// The keys that a class adds. The first row whose type fits is the only one that counts, so a class stands ahead of the
-/// ones that it derives from.
+/// The keys that a class adds. The first row whose type fits is the only one that counts, so a class stands ahead of
+/// the ones that it derives from.
 struct ClassKeys {
     const core::Type *type;
     void (*parse)(const JSObject &json, Component &component);

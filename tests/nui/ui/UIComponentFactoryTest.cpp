@@ -132,8 +132,9 @@ TEST_F(UIComponentFactoryTest, AFailingRootKeepsNothing) {
     files.add("bad.ui", R"({"type":"label","name":"l","children":[]})");
     EXPECT_EQ(messageOf([] { factory().newInstance("bad"); }),
               "Invalid children declaration. Parent is not a valid container type (label)");
-    EXPECT_EQ(log().takeOne(logging::Level::ERROR),
-              "Unable to load template bad: Invalid children declaration. Parent is not a valid container type (label)");
+    EXPECT_EQ(
+        log().takeOne(logging::Level::ERROR),
+        "Unable to load template bad: Invalid children declaration. Parent is not a valid container type (label)");
     EXPECT_EQ(factory().getTemplate("bad"), nullptr);
 }
 

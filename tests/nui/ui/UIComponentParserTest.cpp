@@ -125,9 +125,18 @@ struct AnchorCase {
 };
 
 TEST_F(UIComponentParserTest, AllThirteenAnchorWordsAreKnown) {
-    const AnchorCase words[] = {{"left", 8},          {"right", 0x20},        {"top", 1},           {"bottom", 4},
-                                {"center", 0x12},     {"center-left", 0xa},   {"center-right", 0x22}, {"top-left", 9},
-                                {"top-right", 0x21},  {"top-center", 0x11},   {"bottom-left", 0xc}, {"bottom-right", 0x24},
+    const AnchorCase words[] = {{"left", 8},
+                                {"right", 0x20},
+                                {"top", 1},
+                                {"bottom", 4},
+                                {"center", 0x12},
+                                {"center-left", 0xa},
+                                {"center-right", 0x22},
+                                {"top-left", 9},
+                                {"top-right", 0x21},
+                                {"top-center", 0x11},
+                                {"bottom-left", 0xc},
+                                {"bottom-right", 0x24},
                                 {"bottom-center", 0x14}};
     for (const AnchorCase &entry : words)
         EXPECT_EQ(static_cast<unsigned int>(UIComponentParser::parseAnchor(entry.word)), entry.value) << entry.word;
@@ -411,10 +420,35 @@ TEST_F(UIComponentParserTest, ATreeAsDeepAsTheTextMayBeIsBuilt) {
 }
 
 TEST_F(UIComponentParserTest, EveryKeyWithEveryWrongKindIsSurvived) {
-    const char *keys[] = {"type", "name", "anchor", "size", "min-width", "max-width", "min-height", "max-height",
-                          "position", "scale", "event-mask", "event-mask-enable", "event-mask-disable", "class",
-                          "visible", "opacity", "enabled", "tab-stop", "background-color", "border-fix", "z-index",
-                          "scroll-mask", "layout", "clip-children", "text", "icon", "checkable", "checked", "children"};
+    const char *keys[] = {"type",
+                          "name",
+                          "anchor",
+                          "size",
+                          "min-width",
+                          "max-width",
+                          "min-height",
+                          "max-height",
+                          "position",
+                          "scale",
+                          "event-mask",
+                          "event-mask-enable",
+                          "event-mask-disable",
+                          "class",
+                          "visible",
+                          "opacity",
+                          "enabled",
+                          "tab-stop",
+                          "background-color",
+                          "border-fix",
+                          "z-index",
+                          "scroll-mask",
+                          "layout",
+                          "clip-children",
+                          "text",
+                          "icon",
+                          "checkable",
+                          "checked",
+                          "children"};
     const char *values[] = {"null", "true", "5", "-1e30", "\"word\"", "\"\"", "[]", "[1,[2],{}]", "{}", "{\"a\":1}"};
     for (const char *type : {"panel", "button", "label", "checkbox", "radio", "image", "widget"}) {
         for (const char *key : keys) {

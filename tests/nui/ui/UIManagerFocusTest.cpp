@@ -510,9 +510,8 @@ public:
     static bool fail() { throw core::IllegalStateException("not now"); }
 
     void throwAt(int action) {
-        mPanel->MouseCallbacks::subscribeCallback([action](UIEventHandler *, const MouseEvent &event) {
-            return event.getAction() == action && fail();
-        });
+        mPanel->MouseCallbacks::subscribeCallback(
+            [action](UIEventHandler *, const MouseEvent &event) { return event.getAction() == action && fail(); });
     }
 
     core::SmartPtr<Panel> mPanel;
@@ -547,9 +546,8 @@ TEST_F(UIManagerThrowingTest, NothingStaysPressedAfterAReleaseThatFails) {
 }
 
 TEST_F(UIManagerThrowingTest, NothingStaysDraggedAfterAnEndOfADragThatFails) {
-    mPanel->DragCallbacks::subscribeCallback([](UIEventHandler *, const DragEvent &event) {
-        return event.getAction() == DragEvent::DRAG_END && fail();
-    });
+    mPanel->DragCallbacks::subscribeCallback(
+        [](UIEventHandler *, const DragEvent &event) { return event.getAction() == DragEvent::DRAG_END && fail(); });
     moveTo(150, 450);
     press();
     moveTo(190, 450);

@@ -5,8 +5,8 @@
 
 #include "nengine/Engine.h"
 #include "ninput/input/Mouse.h"
-#include "nui/ui/UIEvent.h"
 #include "nui/ui/SkinManager.h"
+#include "nui/ui/UIEvent.h"
 #include "nui/ui/UIManager.h"
 #include "nui/ui/skins/DefaultSkin.h"
 

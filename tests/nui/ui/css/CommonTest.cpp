@@ -40,18 +40,19 @@ TEST_P(CommonSizeTest, ReadsAsTold) {
     EXPECT_FLOAT_EQ(size.value, GetParam().value);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Sizes, CommonSizeTest,
-    testing::Values(SizeCase{"Pixels", "12px", Size::PIXELS, 12}, SizeCase{"AnEmIsAPixel", "12em", Size::PIXELS, 12},
-                    SizeCase{"ABareNumberCountsPixels", "12", Size::PIXELS, 12},
-                    SizeCase{"PercentIsKeptAsAFraction", "1.5%", Size::PERCENT, 0.015F},
-                    SizeCase{"AutoAlone", "auto", Size::AUTO, 0},
-                    SizeCase{"PixelsAreLookedForAheadOfAuto", "autopx", Size::PIXELS, 0},
-                    SizeCase{"PixelsAreLookedForAheadOfPercent", "5%px", Size::PIXELS, 5},
-                    SizeCase{"AWordReadsAsNoPixels", "wide", Size::PIXELS, 0},
-                    SizeCase{"Negative", "-3.5px", Size::PIXELS, -3.5F}, SizeCase{"Empty", "", Size::PIXELS, 0},
-                    SizeCase{"NullReadsAsEmpty", nullptr, Size::PIXELS, 0}),
-    [](const auto &row) { return std::string(row.param.name); });
+INSTANTIATE_TEST_SUITE_P(Sizes, CommonSizeTest,
+                         testing::Values(SizeCase{"Pixels", "12px", Size::PIXELS, 12},
+                                         SizeCase{"AnEmIsAPixel", "12em", Size::PIXELS, 12},
+                                         SizeCase{"ABareNumberCountsPixels", "12", Size::PIXELS, 12},
+                                         SizeCase{"PercentIsKeptAsAFraction", "1.5%", Size::PERCENT, 0.015F},
+                                         SizeCase{"AutoAlone", "auto", Size::AUTO, 0},
+                                         SizeCase{"PixelsAreLookedForAheadOfAuto", "autopx", Size::PIXELS, 0},
+                                         SizeCase{"PixelsAreLookedForAheadOfPercent", "5%px", Size::PIXELS, 5},
+                                         SizeCase{"AWordReadsAsNoPixels", "wide", Size::PIXELS, 0},
+                                         SizeCase{"Negative", "-3.5px", Size::PIXELS, -3.5F},
+                                         SizeCase{"Empty", "", Size::PIXELS, 0},
+                                         SizeCase{"NullReadsAsEmpty", nullptr, Size::PIXELS, 0}),
+                         [](const auto &row) { return std::string(row.param.name); });
 
 TEST(CommonColor, HexadecimalFormsOfThreeAndSixDigitsSayNothingOfAlpha) {
     expectColor("#f00", 1.0000001F, 0, 0, -1);
@@ -121,9 +122,8 @@ TEST(CommonAnchor, ReadsTheNineWords) {
     const struct {
         const char *word;
         unsigned int value;
-    } words[] = {{"top-left", 9},   {"center-left", 10},  {"bottom-left", 12},
-                 {"top-center", 17}, {"center", 18},      {"bottom-center", 20},
-                 {"top-right", 33}, {"center-right", 34}, {"bottom-right", 36}};
+    } words[] = {{"top-left", 9},       {"center-left", 10}, {"bottom-left", 12},  {"top-center", 17},  {"center", 18},
+                 {"bottom-center", 20}, {"top-right", 33},   {"center-right", 34}, {"bottom-right", 36}};
     for (const auto &entry : words) {
         Component::Anchor anchor{};
         EXPECT_TRUE(Common::parseAnchor(entry.word, anchor)) << entry.word;

@@ -4,36 +4,7 @@
 set -euo pipefail
 
 gallery=$1
-limit=30 # seconds that any single wait may take
-
-for program in Xvfb xdotool; do
-    command -v "$program" >/dev/null || {
-        echo "$program is not installed"
-        exit 77
-    }
-done
-
-folder=$(mktemp -d)
-pids=()
-trap 'kill "${pids[@]}" 2>/dev/null; wait; rm -rf "$folder"' EXIT
-
-fail() {
-    echo "FAILED: $*"
-    for file in "$folder"/*.log; do
-        [ ! -s "$file" ] || { echo "--- $(basename "$file")" && tail -n 40 "$file"; }
-    done
-    exit 1
-}
-
-# Runs the command until it succeeds.
-wait_for() { # what for, command...
-    local what=$1 end=$((SECONDS + limit))
-    shift
-    until "$@" >/dev/null 2>&1; do
-        [ "$SECONDS" -lt "$end" ] || fail "waited $limit s for $what"
-        sleep 0.05
-    done
-}
+. "$(dirname "${BASH_SOURCE[0]}")/display.sh"
 
 picture() { cksum <"$folder/Xvfb_screen0"; }
 
@@ -66,12 +37,7 @@ click_changes() { # what, x, y
     echo "ok: $1"
 }
 
-Xvfb -displayfd 3 -screen 0 1280x720x24 -fbdir "$folder" -nolisten tcp 3>"$folder/display" >"$folder/xvfb.log" 2>&1 &
-pids+=($!)
-wait_for "the display" test -s "$folder/display"
-DISPLAY=":$(tr -d '[:space:]' <"$folder/display")"
-export DISPLAY SDL_VIDEODRIVER=x11
-unset WAYLAND_DISPLAY
+open_display 1280x720
 
 empty=$(picture)
 "$gallery" >"$folder/gallery.log" 2>&1 &

@@ -6,36 +6,7 @@ set -euo pipefail
 
 viewer=$1
 screen="$2/assets/screens/hello.ui"
-limit=30 # seconds that any single wait may take
-
-for program in Xvfb xdotool; do
-    command -v "$program" >/dev/null || {
-        echo "$program is not installed"
-        exit 77
-    }
-done
-
-folder=$(mktemp -d)
-pids=()
-trap 'kill "${pids[@]}" 2>/dev/null; wait; rm -rf "$folder"' EXIT
-
-fail() {
-    echo "FAILED: $*"
-    for file in "$folder"/*.log "$folder/trace.jsonl"; do
-        [ ! -s "$file" ] || { echo "--- $(basename "$file")" && tail -n 40 "$file"; }
-    done
-    exit 1
-}
-
-# Runs the command until it succeeds.
-wait_for() { # what for, command...
-    local what=$1 end=$((SECONDS + limit))
-    shift
-    until "$@" >/dev/null 2>&1; do
-        [ "$SECONDS" -lt "$end" ] || fail "waited $limit s for $what"
-        sleep 0.05
-    done
-}
+. "$(dirname "${BASH_SOURCE[0]}")/display.sh"
 
 traced() { # what the trace has to hold from the mark on: a text, or several in one line
     local lines text
@@ -73,13 +44,7 @@ centre_of() { # component, width, height
 
 drawn_bytes() { tr -d '\0' <"$folder/Xvfb_screen0" | wc -c; }
 
-# A display whose memory is a file; it says which number it took.
-Xvfb -displayfd 3 -screen 0 1400x900x24 -fbdir "$folder" -nolisten tcp 3>"$folder/display" >"$folder/xvfb.log" 2>&1 &
-pids+=($!)
-wait_for "the display" test -s "$folder/display"
-DISPLAY=":$(tr -d '[:space:]' <"$folder/display")"
-export DISPLAY SDL_VIDEODRIVER=x11
-unset WAYLAND_DISPLAY
+open_display 1400x900
 echo "ok: display $DISPLAY"
 
 read -r first_x first_y < <(centre_of first 1280 720) || fail "the dump does not tell where 'first' is"

@@ -1,11 +1,7 @@
 #include "Allocations.h"
+#include "Meter.h"
 #include "Rows.h"
 
-#include "nengine/font/FontManager.h"
-#include "nengine/font/ShapingStatistics.h"
-#include "nengine/renderer/FrameStatistics.h"
-#include "nengine/renderer/RenderPass.h"
-#include "nengine/renderer/Renderer.h"
 #include "nengine/scene/meshes/BorderedRectangleMesh.h"
 #include "nengine/scene/meshes/TextMesh.h"
 #include "nmain/stream/InputStream.h"
@@ -20,62 +16,15 @@
 
 #include <benchmark/benchmark.h>
 
-#include <chrono>
-
 namespace bench {
 
 using benchmark::State;
 using nurel::math::Vector2;
-using nurel::renderer::FrameStatistics;
 using nurel::ui::UIManager;
 using nurel::ui::Widget;
 using nurel::ui::components::Panel;
 
 namespace {
-
-double perIteration(std::uint64_t total, const State &state) {
-    return static_cast<double>(total) / static_cast<double>(state.iterations());
-}
-
-std::uint64_t shapedSoFar() {
-    return nurel::font::FontManager::getSingleton().getStatistics().shapedParagraphs;
-}
-
-/// Notes what the frames of one benchmark took and drew.
-class Meter {
-public:
-    explicit Meter(State &state)
-        : mState(state), mHeap(getHeapUse()), mShaped(shapedSoFar()), mBefore(statistics()) {}
-
-    ~Meter() {
-        const HeapUse heap = getHeapUse();
-        const FrameStatistics &after = statistics();
-        mState.counters["allocations"] = perIteration(heap.allocations - mHeap.allocations, mState);
-        mState.counters["paragraphs_shaped"] = perIteration(shapedSoFar() - mShaped, mState);
-        mState.counters["lists_rebuilt"] = perIteration(after.listsRebuilt - mBefore.listsRebuilt, mState);
-        mState.counters["lists_same"] = perIteration(after.listsSubmittedAgain - mBefore.listsSubmittedAgain, mState);
-        mState.counters["vertices_rebuilt"] = perIteration(after.verticesRebuilt - mBefore.verticesRebuilt, mState);
-        mState.counters["vertices_written"] = perIteration(after.verticesWritten - mBefore.verticesWritten, mState);
-        mState.counters["commands"] = static_cast<double>(after.commands);
-        mState.counters["vertices"] = static_cast<double>(after.vertices);
-        mState.counters["texture_switches"] = static_cast<double>(after.textureSwitches);
-    }
-
-    Meter(const Meter &) = delete;
-    Meter &operator=(const Meter &) = delete;
-
-private:
-    static const FrameStatistics &statistics() { return UIManager::getSingleton().getRenderPass()->getStatistics(); }
-
-    State &mState;
-    HeapUse mHeap;
-    std::uint64_t mShaped;
-    FrameStatistics mBefore;
-};
-
-unsigned int countOf(const State &state) {
-    return static_cast<unsigned int>(state.range(0));
-}
 
 void buildFromCode(State &state) {
     Stage stage;

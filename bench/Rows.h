@@ -42,8 +42,8 @@ private:
 struct Rows {
     core::SmartPtr<nurel::ui::Widget> widget;
     core::SmartPtr<nurel::ui::components::Panel> list;
-    std::vector<nurel::ui::components::Label *> labels;       ///< of each row its first
-    std::vector<nurel::ui::components::Panel *> panels;       ///< the rows
+    std::vector<nurel::ui::components::Label *> labels; ///< of each row its first
+    std::vector<nurel::ui::components::Panel *> panels; ///< the rows
 };
 
 Rows makeRows(unsigned int count);

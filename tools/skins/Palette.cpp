@@ -22,7 +22,7 @@ constexpr PaletteEntry PALETTE[] = {
     {"raisedOff", 0xeff1f4, 0x20252c},
     // lines: the first only parts things, the second is the edge of a control
     {"line", 0xd7dce4, 0x343c48},
-    {"edge", 0x808a99, 0x728093},
+    {"edge", 0x7b8594, 0x728093},
     {"edgeHover", 0x59636f, 0x9aa7b8},
     {"edgeOff", 0xd0d5dd, 0x3a424e},
     // text
@@ -30,7 +30,7 @@ constexpr PaletteEntry PALETTE[] = {
     {"subtle", 0x56606f, 0xa3aebd},
     {"faint", 0x9aa2ae, 0x6a7482},
     // the one colour that asks for attention, and what stands on it
-    {"accent", 0x2358d9, 0x3a6ff2},
+    {"accent", 0x2358d9, 0x376bee},
     {"accentHover", 0x1b49bb, 0x2f62e0},
     {"accentPressed", 0x153a97, 0x2753c4},
     {"onAccent", 0xffffff, 0xffffff},

@@ -278,6 +278,27 @@ Picture drawSlices() {
     return picture;
 }
 
+/// Cells: a lamp that is dark, red, amber and green.
+Picture drawSignals() {
+    constexpr std::uint32_t COLORS[] = {0x5a6270, 0xe5484d, 0xf5a524, 0x30a46c};
+    constexpr Point CENTER = {16, 16};
+    Picture picture(32, 32, static_cast<unsigned int>(std::size(COLORS)), 1);
+    for (unsigned int i = 0; i < std::size(COLORS); ++i) {
+        picture.selectCell(i, 0);
+        picture.fillDisc(CENTER, 15, makeColor(0x23272f));
+        picture.fillDisc(CENTER, 11, makeColor(COLORS[i]));
+        picture.fillDisc({12.5, 12}, 3, makeColor(0xffffff, i == 0 ? 0.2 : 0.55));
+    }
+    return picture;
+}
+
+/// A white box with round corners, to be tinted.
+Picture drawRound() {
+    Picture picture(20, 20);
+    picture.fillBox({0, 0, 20, 20}, RADIUS, makeColor(0xffffff));
+    return picture;
+}
+
 void addTheme(std::vector<SkinImage> &images, Theme theme) {
     const std::string folder = theme == Theme::LIGHT ? "style/light/" : "style/dark/";
     images.push_back({folder + "button.png", drawPlainButton(theme)});
@@ -303,8 +324,10 @@ std::vector<SkinImage> drawImages() {
     addTheme(images, Theme::LIGHT);
     addTheme(images, Theme::DARK);
     images.push_back({"style/shared/icons.png", drawIcons()});
+    images.push_back({"style/shared/round.png", drawRound()});
     images.push_back({"gallery/landscape.png", drawLandscape()});
     images.push_back({"gallery/slices.png", drawSlices()});
+    images.push_back({"gallery/signals.png", drawSignals()});
     return images;
 }
 

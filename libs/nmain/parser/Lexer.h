@@ -2,8 +2,10 @@
 
 #include "nmain/parser/Token.h"
 
+#include <array>
 #include <bitset>
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -18,18 +20,21 @@ namespace nurel::parser {
 ///
 /// At each place, in this order: what is ignorable and comments are skipped; the longest enabled mark that stands there
 /// is a token; a quote begins a string, which runs to the next quote of its kind or to the end of input; anything else
-/// is a word, which runs to the next place where `isIdentifier` says no or a comment begins. Words and strings, with
-/// their quotes and of any length, go through `text2Token`. A byte order mark at the start is skipped.
+/// is a word, which runs to the next place where `isIdentifier` says no: a comment or a quote inside a word is part of
+/// it. Words and strings, with their quotes and of any length, go through `text2Token`. A byte order mark at the start
+/// is skipped.
 ///
 /// Characters are read ahead, tokens are not: switching a mark on or off takes effect with the next token.
+///
+/// What a dialect says of a single character must not change: before the first token, and again when marks have been
+/// added, the lexer asks the tests that say so once for each of the 256 characters and goes by the answers.
 class Lexer {
 public:
     /// What a comment test says of a place in the text.
     enum CommentGuess { CG_NONE = 0, CG_COMMENT = 2 };
 
     /// @param lookAhead    how many characters each test may look at, at least; the marks add to it what they need.
-    /// Past
-    ///                     the end of input a test sees the terminator.
+    ///                     Past the end of input a test sees the terminator.
     /// @param bufferSize   how many bytes are asked of the stream at once.
     Lexer(unsigned int lookAhead, unsigned int bufferSize);
     Lexer(const Lexer &) = delete;
@@ -56,13 +61,14 @@ protected:
     /// is.
     virtual Token *findToken(const char *text, bool whole) const;
 
-    /// Whether a word goes on here: neither ignorable nor a mark nor the end.
+    /// Whether a word goes on here. The base: at what is neither ignorable nor a mark nor the end. Asked at the place
+    /// where one of the registered marks might begin; for every other character asked once, with that character alone.
     virtual bool isIdentifier(const char *text) const;
 
-    /// Whether a line ends with this character. The base: "\n".
+    /// Whether a line ends with this character. The base: "\n". Asked once for each character, with that one alone.
     virtual bool isNewLine(const char *text) const;
 
-    /// Whether the character only separates. The base: space and everything below it.
+    /// Whether the character only separates. The base: space and everything below it. Asked once for each character.
     virtual bool isIgnorable(char character) const;
 
     /// Whether a comment begins here that runs to the end of the line. The base: never.
@@ -71,7 +77,8 @@ protected:
     /// Whether a comment begins here that has a mark of its own at its end. The base: never.
     virtual CommentGuess isMultiLineComment(const char *text) const;
 
-    /// Whether that mark stands here. The base: always.
+    /// Whether that mark stands here. The base: always. Asked only where its first character stands, if
+    /// `getEndMultilineComment` tells it.
     virtual CommentGuess isEndMultiLineComment(const char *text) const;
 
     /// The mark that opens such a comment, as long as it is to be skipped. The base: "".
@@ -80,7 +87,7 @@ protected:
     /// The length of the mark that closes it. The base: 0.
     virtual int getEndMultiLineCommentLength() const;
 
-    /// The mark that closes it, for messages. The base: "".
+    /// The mark that closes it. The base: "".
     virtual const char *getEndMultilineComment() const;
 
     /// Whether a quote stands here. The base: a single or a double one.
@@ -91,10 +98,19 @@ protected:
     virtual Token *text2Token(const char *text) = 0;
 
 private:
+    struct Mark {
+        Token *token;
+        std::size_t length;
+    };
+
+    void classify();
     bool fill();
     const char *here() const { return mBuffer.data() + mPosition; }
+    std::uint8_t classOf(char character) const { return mClasses[static_cast<unsigned char>(character)]; }
+    std::size_t find(char character) const;
+    std::size_t count(std::uint8_t characterClass) const;
     void advance(std::size_t count);
-    void take();
+    void take(std::size_t count);
     void skipByteOrderMark();
     void skipIgnorable();
     void skipLine();
@@ -102,8 +118,10 @@ private:
     void readString();
     void readWord();
 
-    std::vector<Token *> mTokens;
-    std::bitset<256> mFirstBytes; // those with which a registered mark begins
+    std::vector<Mark> mMarks;
+    std::bitset<256> mFirstBytes;           // those with which a registered mark begins
+    std::array<std::uint8_t, 256> mClasses; // what the dialect says of each character
+    bool mClassified;                       // whether the line above holds
     Token mEnd;
     stream::InputStream *mStream; // null when it has been read to its end
     std::vector<char> mBuffer;    // what is read and not yet used, mPosition to mLength, and a terminator

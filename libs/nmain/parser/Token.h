@@ -11,12 +11,13 @@ public:
     static constexpr unsigned END_OF_INPUT = 0xffffffffu;
 
     /// An enabled token without content. A null text counts as "".
-    Token(unsigned id, const char *text);
+    constexpr Token(unsigned id, const char *text) : Token(id, text, true) {}
 
-    Token(unsigned id, const char *text, bool enabled);
+    constexpr Token(unsigned id, const char *text, bool enabled)
+        : mId(id), mText(text ? text : ""), mString(nullptr), mLine(0), mColumn(0), mEnabled(enabled) {}
 
     /// A token for strings, with the content that it starts with (null: none).
-    Token(unsigned id, const char *text, char *content);
+    constexpr Token(unsigned id, const char *text, char *content) : Token(id, text, true) { mString = content; }
 
     /// True for the token that stands for the end of input, and for null.
     static bool isEOF(const Token *token) { return !token || token->mId == END_OF_INPUT; }
@@ -34,7 +35,10 @@ public:
     /// is one character.
     int getLine() const { return mLine; }
     int getColumn() const { return mColumn; }
-    void setPosition(int line, int column);
+    void setPosition(int line, int column) {
+        mLine = line;
+        mColumn = column;
+    }
 
     /// The content of a string token, without its quotes. Null when there is none. It belongs to whoever sets it.
     char *getString() const { return mString; }

@@ -100,6 +100,11 @@ TEST(Lexer, LeavesAQuoteInsideAWordToTheWord) {
     EXPECT_EQ(lex("url('a b')"), "[url('a][b')]");
 }
 
+TEST(Lexer, LeavesACommentInsideAWordToTheWord) {
+    EXPECT_EQ(lex("a/*b*/c d/* e */f"), "[a/*b*/c][d/*][e][*/f]");
+    EXPECT_EQ(lex("a/*{b}*/c"), "[a/*][{][b][}][*/c]");
+}
+
 TEST(Lexer, ReadsPastADisabledMark) {
     EXPECT_EQ(lex("rgb(1,2,3);,x", 1024, false), "[rgb(1,2,3)][;][,x]");
     EXPECT_EQ(lex("rgb(1,2,3);,x", 1024, true), "[rgb(1][,][2][,][3)][;][,][x]");
@@ -119,7 +124,8 @@ TEST(Lexer, HonoursAMarkThatIsSwitchedBetweenTokens) {
 }
 
 TEST(Lexer, SkipsComments) {
-    EXPECT_EQ(lex("/**/a/* b */c /*/ d /*/ e/f*/ g"), "[a][c][e/f*/][g]");
+    EXPECT_EQ(lex("/**/a /* b */c /*/ d /*/ e/f*/ g/*"), "[a][c][e/f*/][g/*]");
+    EXPECT_EQ(lex("{/**/}/***/;/* * / */:/* **/"), "[{][}][;][:]");
     EXPECT_EQ(lex("/* {};:'\" */"), "");
     EXPECT_EQ(lex("'/* no comment */'"), "[\"/* no comment */\"]");
 }
@@ -148,7 +154,7 @@ TEST(Lexer, ReadsTokensOfAnyLength) {
 
 TEST(Lexer, CutsTheSameWhateverTheBufferHolds) {
     const std::string text =
-        "\xEF\xBB\xBF@define { $a: 'x y'; }\n/* ** */ a.b , c /**/ : hover { w : url(x,y) /* z */ ; }";
+        "\xEF\xBB\xBF@define { $a: 'x y'; }\n/* ** / */ a.b , c/**/ : hover { w : url(x,y) /* z */ ; }";
     const std::string whole = lex(text);
     EXPECT_NE(whole, "");
     for (unsigned size = 0; size < 40; ++size)
@@ -235,9 +241,10 @@ TEST(Lexer, LooksAsFarAheadAsItsLongestMark) {
 
 TEST(Lexer, SkipsCommentsToTheEndOfTheLine) {
     MarkLexer lexer;
-    MemoryInputStream stream("marks", "#\na#b < c\n#d\n#\n e # f");
+    MemoryInputStream stream("marks", "#\na#b <#c\n#d\n#\n e # f");
     lexer.setInputStream(&stream);
-    EXPECT_STREQ(lexer.next()->getText(), "a");
+    EXPECT_STREQ(lexer.next()->getText(), "a#b");
+    EXPECT_EQ(lexer.next()->getId(), 0u);
     const Token *token = lexer.next();
     EXPECT_STREQ(token->getText(), "e");
     EXPECT_EQ(token->getLine(), 5);

@@ -9,6 +9,8 @@
 #include "nui/ui/UIEvent.h"
 #include "nui/ui/UIManager.h"
 #include "nui/ui/Widget.h"
+#include "nui/ui/components/Button.h"
+#include "nui/ui/components/Checkbox.h"
 #include "nui/ui/components/Image.h"
 #include "nui/ui/components/Label.h"
 #include "nui/ui/components/Panel.h"
@@ -36,8 +38,8 @@ public:
     View *visit(nurel::ui::components::Selector *) override { return nullptr; }
     View *visit(nurel::ui::components::Progress *) override { return nullptr; }
     View *visit(nurel::ui::components::Slider *) override { return nullptr; }
-    View *visit(nurel::ui::components::Checkbox *) override { return nullptr; }
-    View *visit(nurel::ui::components::Button *) override { return nullptr; }
+    View *visit(nurel::ui::components::Checkbox *checkbox) override { return makeContainer(checkbox); }
+    View *visit(nurel::ui::components::Button *button) override { return makeContainer(button); }
     View *visit(nurel::ui::components::Panel *panel) override { return makeContainer(panel); }
     View *visit(nurel::ui::components::Label *label) override { return make(label); }
     View *visit(nurel::ui::Widget *widget) override {

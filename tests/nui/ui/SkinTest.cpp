@@ -3,6 +3,7 @@
 #include "nui/ui/ManagerTest.h"
 
 #include "foundation/core/Exception.h"
+#include "nui/ui/components/Radio.h"
 
 using namespace nurel::ui;
 
@@ -12,6 +13,8 @@ namespace {
 class NotingSkin : public test::BlankSkin {
 public:
     View *visit(components::Image *image) override { return note("Image", BlankSkin::visit(image)); }
+    View *visit(components::Checkbox *checkbox) override { return note("Checkbox", BlankSkin::visit(checkbox)); }
+    View *visit(components::Button *button) override { return note("Button", BlankSkin::visit(button)); }
     View *visit(components::Panel *panel) override { return note("Panel", BlankSkin::visit(panel)); }
     View *visit(components::Label *label) override { return note("Label", BlankSkin::visit(label)); }
     View *visit(Widget *widget) override { return note("Widget", BlankSkin::visit(widget)); }
@@ -76,10 +79,13 @@ TEST_F(SkinTest, CallsTheOverloadOfTheComponentsClass) {
     EXPECT_EQ(visited(new components::Label("l")), "Label(l) ");
     EXPECT_EQ(visited(new components::Panel("p")), "Panel(p) ");
     EXPECT_EQ(visited(new components::Image("i")), "Image(i) ");
+    EXPECT_EQ(visited(new components::Button("b")), "Button(b) ");
+    EXPECT_EQ(visited(new components::Checkbox("c")), "Panel(check) Checkbox(c) ");
 }
 
 TEST_F(SkinTest, SkinsADerivedClassAsTheFirstOfItsBasesInTheTestsOrder) {
     EXPECT_EQ(visited(new SpecialPanel), "Panel(special) ");
+    EXPECT_EQ(visited(new components::Radio("r")), "Panel(check) Checkbox(r) ");
 }
 
 TEST_F(SkinTest, RefusesNull) {

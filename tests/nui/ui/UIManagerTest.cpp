@@ -103,13 +103,15 @@ TEST_F(UIManagerTest, DrawsItsRootInNodeOrderOverWhatIsThere) {
 TEST_F(UIManagerTest, RegistersTheCreatorsOfItsClassesForItsLife) {
     nurel::EngineFactory &factory = nurel::EngineFactory::getSingleton();
     manager();
-    for (const char *name : {"Label", "Panel", "Image", "Widget", "FlowLayout"}) {
+    const char *const names[] = {"Button", "Checkbox", "Image",      "Label",     "Panel",
+                                 "Radio",  "Widget",   "FlowLayout", "FormLayout"};
+    for (const char *name : names) {
         const core::SmartPtr<nurel::core::Object> object(factory.create(name));
         ASSERT_TRUE(object) << name;
         EXPECT_STREQ(object->getType().getName(), name);
     }
     UIManager::shutdown();
-    for (const char *name : {"Label", "Panel", "Image", "Widget", "FlowLayout"})
+    for (const char *name : names)
         EXPECT_EQ(factory.create(name), nullptr) << name;
 }
 

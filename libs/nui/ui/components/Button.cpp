@@ -4,11 +4,14 @@
 #include "foundation/core/Type.h"
 #include "nengine/font/Font.h"
 #include "nengine/scene/meshes/TextMesh.h"
+#include "ninput/input/Keyboard.h"
 #include "nmain/core/CloningOptions.h"
 #include "nui/ui/ComponentView.h"
 #include "nui/ui/Skin.h"
 #include "nui/ui/components/Image.h"
 #include "nui/ui/components/Label.h"
+
+#include <string>
 
 namespace nurel::ui::components {
 
@@ -18,7 +21,6 @@ const char *const Button::ELEMENT = "button";
 
 namespace {
 
-constexpr int KEY_RETURN = 0x1c;
 constexpr int LABEL_Z_INDEX = -1;
 
 /// A label in all but what it starts with: its clone is a plain label.
@@ -152,11 +154,14 @@ void Button::addClass(const char *name) {
 }
 
 void Button::removeClass(const char *name) {
-    Container::removeClass(name);
+    if (!name)
+        return Container::removeClass(name);
+    const std::string kept(name); // it may be a key of one of the sets
+    Container::removeClass(kept.c_str());
     if (Label *label = getLabel())
-        label->removeClass(name);
+        label->removeClass(kept.c_str());
     if (Image *icon = getIcon())
-        icon->removeClass(name);
+        icon->removeClass(kept.c_str());
 }
 
 void Button::removeClasses() {
@@ -187,7 +192,7 @@ UIEventHandler *Button::handleEvent(const UIEvent &event) {
 }
 
 UIEventHandler *Button::processEvent(const KeyEvent &event) {
-    if (event.isPressed() && event.getKey() == KEY_RETURN) {
+    if (event.isPressed() && event.getKey() == input::Keyboard::K_RETURN) {
         const Ray ray;
         const CursorPosition origin;
         handleEvent(ClickEvent(ray, origin, origin));

@@ -7,12 +7,12 @@ namespace nurel::ui::components {
 class Image;
 class Label;
 
-/// A control that is clicked, with an optional text and an optional icon, and that can act as a toggle. Subscribe to the
-/// clicks by `button->ClickCallbacks::subscribeCallback(...)`; the Return key clicks a button that has the focus.
+/// A control that is clicked, with an optional text and an optional icon, and that can act as a toggle. Subscribe to
+/// the clicks by `button->ClickCallbacks::subscribeCallback(...)`; the Return key clicks a button that has the focus.
 ///
 /// Text and icon are children, made or set on demand. They have the element of the button and the names "label" and
-/// "icon", start with the button's classes, take no events, and follow the button's state but for the focus. A part that
-/// is taken out with removeChild() is no longer the button's: the next setText() makes a new label.
+/// "icon", start with the button's classes, take no events, and follow the button's state but for the focus. A part
+/// that is taken out with removeChild() is no longer the button's: the next setText() makes a new label.
 ///
 /// A clone has clones of the parts.
 class Button : public Container {

@@ -8,6 +8,7 @@
 #include "nui/ui/components/Panel.h"
 
 #include <cstring>
+#include <string>
 
 namespace nurel::ui::components {
 
@@ -126,11 +127,14 @@ void Checkbox::addClass(const char *name) {
 }
 
 void Checkbox::removeClass(const char *name) {
-    Container::removeClass(name);
+    if (!name)
+        return Container::removeClass(name);
+    const std::string kept(name); // it may be a key of one of the sets
+    Container::removeClass(kept.c_str());
     if (Label *label = getLabel())
-        label->removeClass(name);
+        label->removeClass(kept.c_str());
     if (mCheck)
-        mCheck->removeClass(name);
+        mCheck->removeClass(kept.c_str());
 }
 
 void Checkbox::removeClasses() {

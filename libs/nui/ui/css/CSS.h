@@ -65,7 +65,6 @@ public:
 
 private:
     detail::RuleIndex &getIndex() const;
-    void dropIndex() const;
 
     Rules mRules;
     mutable std::unique_ptr<detail::RuleIndex> mIndex;

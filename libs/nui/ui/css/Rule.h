@@ -31,8 +31,9 @@ public:
     Rule &operator=(const Rule &) = delete;
     ~Rule() override;
 
-    /// Takes the selector, whose priority is added. A rule with several selectors, which the parser never makes, matches
-    /// what all of them match. Sheets that have the rule already do not move it to its new place. Null is ignored.
+    /// Takes the selector, whose priority is added. A rule with several selectors, which the parser never makes,
+    /// matches what all of them match. Sheets that have the rule already do not move it to its new place. Null is
+    /// ignored.
     void append(Selector *selector);
 
     /// Holds the property. If the rule has one of that kind already, that one stays and the new one is let go of. Null

@@ -14,9 +14,9 @@ struct StateWord {
 };
 
 constexpr std::array STATE_WORDS = {
-    StateWord{SELECTOR_STATE_ACTIVE, "active"},     StateWord{SELECTOR_STATE_HOVER, "hover"},
-    StateWord{SELECTOR_STATE_ENABLED, "enabled"},   StateWord{SELECTOR_STATE_DISABLED, "disabled"},
-    StateWord{SELECTOR_STATE_FOCUS, "focus"},       StateWord{SELECTOR_STATE_CHECKED, "checked"},
+    StateWord{SELECTOR_STATE_ACTIVE, "active"},   StateWord{SELECTOR_STATE_HOVER, "hover"},
+    StateWord{SELECTOR_STATE_ENABLED, "enabled"}, StateWord{SELECTOR_STATE_DISABLED, "disabled"},
+    StateWord{SELECTOR_STATE_FOCUS, "focus"},     StateWord{SELECTOR_STATE_CHECKED, "checked"},
 };
 
 } // namespace

@@ -15,8 +15,8 @@ class CSSView;
 /// Styles a component for its view: answers from the component's name, element word and classes and from states of its
 /// own, and collects the properties until the view applies them.
 ///
-/// The component is only pointed at and must be there whenever a question is asked. Without one nothing matches but what
-/// matches everything.
+/// The component is only pointed at and must be there whenever a question is asked. Without one nothing matches but
+/// what matches everything.
 class StylableHelper : public Stylable {
 public:
     explicit StylableHelper(Component *component);

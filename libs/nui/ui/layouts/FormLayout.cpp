@@ -4,6 +4,7 @@
 #include "nui/ui/Container.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace nurel::ui::layouts {
 
@@ -42,18 +43,33 @@ void FormLayout::_setParameters(const json::JSObject *parameters) {
     readPair(parameters->get("spacing"), mSpacing.x, mSpacing.y);
 }
 
+void FormLayout::Walk::start(const Components &list) {
+    components.assign(list.begin(), list.end());
+    for (Component *component : components) {
+        if (component->getRefCount() != 0) // else it is somebody's on the stack
+            held.emplace_back(component);
+    }
+}
+
+void FormLayout::Walk::end() {
+    components.clear();
+    held.clear();
+}
+
 void FormLayout::_layout(const Components &components) const {
-    // Hiding runs callbacks, which may take components away or lay out once more: each pass walks over what there was.
+    // Hiding runs callbacks, which may take components or the layout away, or lay out once more: each pass walks over
+    // what there was, and passes by what is gone.
+    const core::SmartPtr<const FormLayout> self(getRefCount() != 0 ? this : nullptr);
     Walk walk;
-    walk.swap(mBuffer);
-    walk.assign(components.begin(), components.end());
+    std::swap(walk, mBuffer);
+    walk.start(components);
     const float width = getOwner()->getContainerSize().x;
     const Column label = column(mLabelWidth, mFieldWidth);
     const Column field = column(mFieldWidth, mLabelWidth);
-    placeLabels(walk, label);
-    placeFields(walk, field, mSpacing.x + label.fixed + label.fraction * width);
-    walk.clear();
-    walk.swap(mBuffer);
+    placeLabels(walk.components, label);
+    placeFields(walk.components, field, mSpacing.x + label.fixed + label.fraction * width);
+    walk.end();
+    std::swap(walk, mBuffer);
 }
 
 FormLayout::Column FormLayout::column(float own, float other) const {
@@ -80,7 +96,7 @@ void FormLayout::show(Component *component, bool visible) const {
         component->update();
 }
 
-void FormLayout::placeLabels(const Walk &walk, const Column &column) const {
+void FormLayout::placeLabels(const std::vector<Component *> &walk, const Column &column) const {
     float y = 0;
     float rowHeight = 0;
     for (std::size_t i = 0; i < walk.size(); i += 2) {
@@ -110,7 +126,7 @@ void FormLayout::placeLabels(const Walk &walk, const Column &column) const {
     }
 }
 
-void FormLayout::placeFields(const Walk &walk, const Column &column, float x) const {
+void FormLayout::placeFields(const std::vector<Component *> &walk, const Column &column, float x) const {
     float y = 0;
     for (std::size_t i = 0; i + 1 < walk.size(); i += 2) {
         const Component *label = walk[i];

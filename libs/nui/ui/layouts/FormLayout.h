@@ -1,5 +1,6 @@
 #pragma once
 
+#include "foundation/core/SmartPtr.h"
 #include "nmain/math/Vector2.h"
 #include "nui/ui/Layout.h"
 
@@ -8,12 +9,13 @@
 namespace nurel::ui::layouts {
 
 /// Arranges components as a form of two columns: the first, third, fifth … is a label, the one after it is its field.
-/// Each pair takes a row as high as the higher of the two, and the label is stretched to it. A pair of which one half is
-/// hidden is hidden as a whole, by setVisible() on both: it stays hidden until the application shows both again.
+/// Each pair takes a row as high as the higher of the two, and the label is stretched to it. A pair of which one half
+/// is hidden is hidden as a whole, by setVisible() on both: it stays hidden until the application shows both again.
 ///
 /// A label gets the anchor top-left for good. A field keeps its anchor: one that is anchored left stands in its column
 /// and gets the column's width; any other stands by its anchor across the whole container, in its own width. A last
-/// label without a field gets a row as high as the row before.
+/// label without a field gets a row as high as the row before. Rows do not shrink, since the label has been stretched,
+/// and the margins of a field in its column take from its height at every pass: give such fields none above and below.
 ///
 /// The setters mark nothing dirty: a change takes effect at the owner's next layout pass. Template keys: "width" and
 /// "spacing", each an array of one or two numbers.
@@ -54,13 +56,21 @@ private:
         float fixed;
         float fraction;
     };
-    using Walk = std::vector<Component *>;
+
+    /// What a pass walks over. It holds what is counted, so that nothing new can take the place of what goes meanwhile.
+    struct Walk {
+        void start(const Components &list);
+        void end();
+
+        std::vector<Component *> components;
+        std::vector<core::SmartPtr<Component>> held;
+    };
 
     Column column(float own, float other) const;
     bool hasPair(const Component *label, const Component *field) const;
     void show(Component *component, bool visible) const;
-    void placeLabels(const Walk &walk, const Column &column) const;
-    void placeFields(const Walk &walk, const Column &column, float x) const;
+    void placeLabels(const std::vector<Component *> &walk, const Column &column) const;
+    void placeFields(const std::vector<Component *> &walk, const Column &column, float x) const;
 
     float mLabelWidth = 0.5f;
     float mFieldWidth = 0.5f;

@@ -9,6 +9,9 @@
 #include "nui/ui/components/Image.h"
 #include "nui/ui/components/Label.h"
 #include "nui/ui/components/Panel.h"
+#include "nui/ui/components/Progress.h"
+#include "nui/ui/components/Selector.h"
+#include "nui/ui/components/Slider.h"
 
 namespace nurel::ui {
 
@@ -33,6 +36,9 @@ constexpr SkinnableClass SKINNABLE_CLASSES[] = {
     {components::Panel::TYPE, visitAs<components::Panel>},
     {components::Button::TYPE, visitAs<components::Button>},
     {components::Checkbox::TYPE, visitAs<components::Checkbox>},
+    {components::Slider::TYPE, visitAs<components::Slider>},
+    {components::Progress::TYPE, visitAs<components::Progress>},
+    {components::Selector::TYPE, visitAs<components::Selector>},
     {components::Image::TYPE, visitAs<components::Image>},
 };
 

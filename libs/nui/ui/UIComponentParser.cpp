@@ -11,7 +11,10 @@
 #include "nui/ui/components/Image.h"
 #include "nui/ui/components/Label.h"
 #include "nui/ui/components/Panel.h"
+#include "nui/ui/components/Progress.h"
 #include "nui/ui/components/Radio.h"
+#include "nui/ui/components/Selector.h"
+#include "nui/ui/components/Slider.h"
 
 #include "nengine/EngineFactory.h"
 
@@ -39,8 +42,11 @@ constexpr TypeWord TYPE_WORDS[] = {
     {"label", &components::Label::TYPE},
     {"checkbox", &components::Checkbox::TYPE},
     {"radio", &components::Radio::TYPE},
+    {"selector", &components::Selector::TYPE},
     {"image", &components::Image::TYPE},
+    {"slider", &components::Slider::TYPE},
     {"widget", &Widget::TYPE},
+    {"progress", &components::Progress::TYPE},
 };
 
 struct AnchorWord {

@@ -4,9 +4,14 @@
 #include "nui/ui/components/Button.h"
 #include "nui/ui/components/Checkbox.h"
 #include "nui/ui/components/Label.h"
+#include "nui/ui/components/Progress.h"
+#include "nui/ui/components/Selector.h"
+#include "nui/ui/components/Slider.h"
 
 #include "nxml/i18n/Bundle.h"
 #include "nxml/i18n/I18N.h"
+
+#include "foundation/core/Exception.h"
 
 #include <string>
 
@@ -16,12 +21,32 @@ using json::JSObject;
 
 namespace {
 
-/// The text of the key with its translation keys replaced; the buffer keeps it. Null when the key is no text.
-const char *readText(const JSObject &json, const char *key, std::string &buffer) {
-    const char *text = json.getString(key, nullptr);
+/// The text with its translation keys replaced; the buffer keeps it. Null when the value is no text.
+const char *readText(const JSObject &value, std::string &buffer) {
+    const char *text = value.asString(nullptr);
     if (text && i18n::Bundle::needsResolving(text) && i18n::I18N::isSingletonCreated())
         text = i18n::I18N::getSingleton().resolve(text, buffer, false);
     return text;
+}
+
+const char *readText(const JSObject &json, const char *key, std::string &buffer) {
+    return readText(*json.get(key), buffer);
+}
+
+/// Hands every text of the key "items" to the function; what is no text is skipped. False without the key.
+template <class Add>
+bool readItems(const JSObject &json, Add add) {
+    if (!json.hasKey("items"))
+        return false;
+    const JSObject &items = *json.get("items");
+    if (items.getType() != JSObject::T_ARRAY)
+        throw core::IllegalArgumentException("Invalid item list (not an array)");
+    std::string buffer;
+    for (unsigned int i = 0; i < items.getLength(); ++i) {
+        if (const char *text = readText(*items.get(i), buffer))
+            add(text);
+    }
+    return true;
 }
 
 void parseLabelKeys(const JSObject &json, Component &component) {
@@ -38,6 +63,14 @@ void parseCheckboxKeys(const JSObject &json, Component &component) {
     checkbox.setChecked(json.getBool("checked", false)); // a missing key unchecks, also over a base template
 }
 
+void parseSelectorKeys(const JSObject &json, Component &component) {
+    auto &selector = static_cast<components::Selector &>(component);
+    if (readItems(json, [&selector](const char *text) { selector.addItem(text, nullptr); }))
+        selector.setSelectedIndex(json.getInt("selected", selector.getSelectedIndex()), false);
+    if (json.hasKey("cycle"))
+        selector.setCycle(json.getBool("cycle", false));
+}
+
 void parseButtonKeys(const JSObject &json, Component &component) {
     auto &button = static_cast<components::Button &>(component);
     std::string buffer;
@@ -51,6 +84,32 @@ void parseButtonKeys(const JSObject &json, Component &component) {
         button.setChecked(json.getBool("checked", false));
 }
 
+// Each key is applied at once, so the value that a later one asks for is kept within what the earlier ones have set.
+void parseSliderKeys(const JSObject &json, Component &component) {
+    auto &slider = static_cast<components::Slider &>(component);
+    const JSObject &range = *json.get("range");
+    if (range.getType() == JSObject::T_ARRAY)
+        slider.setRange(range.getFloat(0U, 0), range.getFloat(1U, 1), false);
+    if (json.hasKey("accuracy"))
+        slider.setAccuracy(json.getFloat("accuracy", 0), false);
+    if (json.hasKey("value"))
+        slider.setValue(json.getFloat("value", 0), false);
+}
+
+void parseProgressKeys(const JSObject &json, Component &component) {
+    auto &progress = static_cast<components::Progress &>(component);
+    if (json.hasKey("min-value"))
+        progress.setMinValue(json.getInt("min-value", progress.getMinValue()));
+    if (json.hasKey("max-value"))
+        progress.setMaxValue(json.getInt("max-value", progress.getMaxValue()));
+    if (json.hasKey("value"))
+        progress.setValue(json.getInt("value", progress.getValue()));
+    if (json.hasKey("show-text"))
+        progress.setShowText(json.getBool("show-text", true));
+    if (json.hasKey("text-format"))
+        progress.setTextFormat(json.getString("text-format", "%d%%"));
+}
+
 /// The keys that a class adds. The first row whose type fits is the only one that counts, so a class stands ahead of the
 /// ones that it derives from.
 struct ClassKeys {
@@ -61,7 +120,10 @@ struct ClassKeys {
 constexpr ClassKeys CLASS_KEYS[] = {
     {&components::Label::TYPE, parseLabelKeys},
     {&components::Checkbox::TYPE, parseCheckboxKeys},
+    {&components::Selector::TYPE, parseSelectorKeys},
     {&components::Button::TYPE, parseButtonKeys},
+    {&components::Slider::TYPE, parseSliderKeys},
+    {&components::Progress::TYPE, parseProgressKeys},
 };
 
 } // namespace

@@ -24,7 +24,10 @@
 #include "nui/ui/components/Image.h"
 #include "nui/ui/components/Label.h"
 #include "nui/ui/components/Panel.h"
+#include "nui/ui/components/Progress.h"
 #include "nui/ui/components/Radio.h"
+#include "nui/ui/components/Selector.h"
+#include "nui/ui/components/Slider.h"
 #include "nui/ui/detail/UIManagerScopes.h"
 #include "nui/ui/layouts/FlowLayout.h"
 #include "nui/ui/layouts/FormLayout.h"
@@ -59,7 +62,10 @@ constexpr Creatable CREATABLE_CLASSES[] = {
     {components::Image::TYPE, create<components::Image>},
     {components::Label::TYPE, create<components::Label>},
     {components::Panel::TYPE, create<components::Panel>},
+    {components::Progress::TYPE, create<components::Progress>},
     {components::Radio::TYPE, create<components::Radio>},
+    {components::Selector::TYPE, create<components::Selector>},
+    {components::Slider::TYPE, create<components::Slider>},
     {layouts::FlowLayout::TYPE, create<layouts::FlowLayout>},
     {layouts::FormLayout::TYPE, create<layouts::FormLayout>},
     {Widget::TYPE, create<Widget>},

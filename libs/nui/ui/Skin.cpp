@@ -12,6 +12,7 @@
 #include "nui/ui/components/Progress.h"
 #include "nui/ui/components/Selector.h"
 #include "nui/ui/components/Slider.h"
+#include "nui/ui/components/TextField.h"
 
 namespace nurel::ui {
 
@@ -39,6 +40,7 @@ constexpr SkinnableClass SKINNABLE_CLASSES[] = {
     {components::Slider::TYPE, visitAs<components::Slider>},
     {components::Progress::TYPE, visitAs<components::Progress>},
     {components::Selector::TYPE, visitAs<components::Selector>},
+    {components::TextField::TYPE, visitAs<components::TextField>},
     {components::Image::TYPE, visitAs<components::Image>},
 };
 

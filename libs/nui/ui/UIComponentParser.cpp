@@ -15,6 +15,7 @@
 #include "nui/ui/components/Radio.h"
 #include "nui/ui/components/Selector.h"
 #include "nui/ui/components/Slider.h"
+#include "nui/ui/components/TextField.h"
 
 #include "nengine/EngineFactory.h"
 
@@ -40,6 +41,7 @@ constexpr TypeWord TYPE_WORDS[] = {
     {"panel", &components::Panel::TYPE},
     {"button", &components::Button::TYPE},
     {"label", &components::Label::TYPE},
+    {"text", &components::TextField::TYPE},
     {"checkbox", &components::Checkbox::TYPE},
     {"radio", &components::Radio::TYPE},
     {"selector", &components::Selector::TYPE},

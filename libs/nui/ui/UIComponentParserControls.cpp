@@ -7,6 +7,7 @@
 #include "nui/ui/components/Progress.h"
 #include "nui/ui/components/Selector.h"
 #include "nui/ui/components/Slider.h"
+#include "nui/ui/components/TextField.h"
 
 #include "nxml/i18n/Bundle.h"
 #include "nxml/i18n/I18N.h"
@@ -53,6 +54,20 @@ void parseLabelKeys(const JSObject &json, Component &component) {
     std::string buffer;
     if (const char *text = readText(json, "text", buffer))
         static_cast<components::Label &>(component).setText(text);
+}
+
+// A text that stands beside a password key is shown as it is, since the mask comes after it.
+void parseTextFieldKeys(const JSObject &json, Component &component) {
+    auto &field = static_cast<components::TextField &>(component);
+    std::string buffer;
+    if (const char *text = readText(json, "text", buffer))
+        field.setText(text);
+    if (const char *text = readText(json, "placeholder", buffer))
+        field.setPlaceholderText(text);
+    if (json.hasKey("password"))
+        field.setPasswordChar(json.getString("password", nullptr));
+    if (json.hasKey("max-length"))
+        field.setMaxLength(json.getInt("max-length", 0));
 }
 
 void parseCheckboxKeys(const JSObject &json, Component &component) {
@@ -119,6 +134,7 @@ struct ClassKeys {
 
 constexpr ClassKeys CLASS_KEYS[] = {
     {&components::Label::TYPE, parseLabelKeys},
+    {&components::TextField::TYPE, parseTextFieldKeys},
     {&components::Checkbox::TYPE, parseCheckboxKeys},
     {&components::Selector::TYPE, parseSelectorKeys},
     {&components::Button::TYPE, parseButtonKeys},

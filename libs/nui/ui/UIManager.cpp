@@ -16,6 +16,7 @@
 #include "nengine/scene/VisibilitySet.h"
 #include "ninput/input/InputSystem.h"
 #include "nui/ui/AnimationContext.h"
+#include "nui/ui/KeyboardOverlay.h"
 #include "nui/ui/SkinManager.h"
 #include "nui/ui/UIComponentFactory.h"
 #include "nui/ui/Widget.h"
@@ -28,6 +29,7 @@
 #include "nui/ui/components/Radio.h"
 #include "nui/ui/components/Selector.h"
 #include "nui/ui/components/Slider.h"
+#include "nui/ui/components/TextField.h"
 #include "nui/ui/detail/UIManagerScopes.h"
 #include "nui/ui/layouts/FlowLayout.h"
 #include "nui/ui/layouts/FormLayout.h"
@@ -66,6 +68,7 @@ constexpr Creatable CREATABLE_CLASSES[] = {
     {components::Radio::TYPE, create<components::Radio>},
     {components::Selector::TYPE, create<components::Selector>},
     {components::Slider::TYPE, create<components::Slider>},
+    {components::TextField::TYPE, create<components::TextField>},
     {layouts::FlowLayout::TYPE, create<layouts::FlowLayout>},
     {layouts::FormLayout::TYPE, create<layouts::FormLayout>},
     {Widget::TYPE, create<Widget>},
@@ -162,6 +165,7 @@ UIManager::~UIManager() {
     }
     mVisibilitySet.reset();
     removeAllWidgets();
+    mKeyboardOverlay.reset();
     UIComponentFactory::deleteSingleton();
     if (mGeometryAllocator) {
         mGeometryAllocator->dumpLog();

@@ -66,25 +66,25 @@ Progress::Progress(const Progress &) = default;
 Progress &Progress::operator=(const Progress &) = default;
 Progress::~Progress() = default;
 
-float Progress::computeFraction(int value) const {
-    const auto done = static_cast<float>(std::int64_t(value) - mMinimum);
-    const auto range = static_cast<float>(std::int64_t(mMaximum) - mMinimum);
+double Progress::computePart(int value, double whole) const {
+    const auto done = static_cast<double>(std::int64_t(value) - mMinimum);
+    const auto range = static_cast<double>(std::int64_t(mMaximum) - mMinimum);
     // A range of a single value divides by zero: 0/0 counts as 0, and an infinity as the end on its side.
-    const float fraction = done / range;
-    const float raised = fraction > 0 ? fraction : 0;
-    return raised < 1 ? raised : 1;
+    const double part = done * whole / range;
+    const double raised = part > 0 ? part : 0;
+    return raised < whole ? raised : whole;
 }
 
 void Progress::setValue(int value) {
     // 1. and 2.
-    const float fraction = computeFraction(value);
+    const auto fraction = static_cast<float>(computePart(value, 1));
     const ComponentSize &size = mBar->getComponentSize();
     mBar->setSize(math::Vector2(0, size.absolute.y), math::Vector2(fraction, size.relative.y));
     // 3.
     mValue = value;
-    // 4.
+    // 4. Not from the fraction, which as a float lies below some of the whole percents
     if (mShowText)
-        ensureLabel()->setText(formatPercentage(mTextFormat, static_cast<int>(fraction * 100)).c_str());
+        ensureLabel()->setText(formatPercentage(mTextFormat, static_cast<int>(computePart(value, 100))).c_str());
 }
 
 void Progress::setShowText(bool show) {

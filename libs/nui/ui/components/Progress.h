@@ -76,7 +76,7 @@ protected:
     ComponentView *visit(Skin *skin) override;
 
 private:
-    float computeFraction(int value) const;
+    double computePart(int value, double whole) const;
 
     core::SmartPtr<Label> mLabel;
     core::SmartPtr<Panel> mBar;

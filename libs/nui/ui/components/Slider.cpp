@@ -21,7 +21,7 @@ public:
     static const core::Type TYPE;
     const core::Type &getType() const override { return TYPE; }
 
-    SliderThumb() : Panel("thumb", ELEMENT) {
+    SliderThumb() : Panel("thumb", Slider::ELEMENT) {
         setAnchor(ANCHOR_CENTER);
         setScrollMask(SCROLL_NONE);
         disableEvents(UIEvent::ET_DRAG_EVENT | UIEvent::ET_FOCUS_EVENT);

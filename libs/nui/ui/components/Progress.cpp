@@ -83,8 +83,12 @@ void Progress::setValue(int value) {
     // 3.
     mValue = value;
     // 4. Not from the fraction, which as a float lies below some of the whole percents
-    if (mShowText)
-        ensureLabel()->setText(formatPercentage(mTextFormat, static_cast<int>(computePart(value, 100))).c_str());
+    if (!mShowText)
+        return;
+    const std::string text = formatPercentage(mTextFormat, static_cast<int>(computePart(value, 100)));
+    Label *label = ensureLabel();
+    if (text != label->getText()) // a label is laid out again with every text
+        label->setText(text.c_str());
 }
 
 void Progress::setShowText(bool show) {

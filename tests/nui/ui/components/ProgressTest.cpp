@@ -243,6 +243,19 @@ TEST_F(ProgressTest, MakesItsLabelWhenTheTextIsFirstShown) {
     EXPECT_EQ(mProgress->ensureLabel(), label);
 }
 
+TEST_F(ProgressTest, ATextThatStaysIsNotLaidOutAgain) {
+    mProgress->setShowText(true);
+    mProgress->setMaxValue(1000);
+    mProgress->setValue(500);
+    frame();
+    OpenProgress::clean(*mProgress->getLabel());
+    mProgress->setValue(505);
+    EXPECT_EQ(mProgress->getLabel()->isDirty(Component::DIRTY_ALL), 0u);
+    mProgress->setValue(510);
+    EXPECT_EQ(text(), "51%");
+    EXPECT_NE(mProgress->getLabel()->isDirty(Component::DIRTY_POSITION), 0u);
+}
+
 TEST_F(ProgressTest, ALabelMadeByHandIsTheOneThatIsShown) {
     Label *label = mProgress->ensureLabel();
     EXPECT_STREQ(label->getText(), "");

@@ -17,6 +17,7 @@
 #include "nui/ui/components/Progress.h"
 #include "nui/ui/components/Selector.h"
 #include "nui/ui/components/Slider.h"
+#include "nui/ui/components/TextField.h"
 #include "support/LogCapture.h"
 
 #include <gtest/gtest.h>
@@ -36,7 +37,7 @@ public:
     using View = nurel::ui::ComponentView;
 
     View *visit(nurel::ui::components::Image *image) override { return make(image); }
-    View *visit(nurel::ui::components::TextField *) override { return nullptr; }
+    View *visit(nurel::ui::components::TextField *field) override { return makeContainer(field); }
     View *visit(nurel::ui::components::Listbox *) override { return nullptr; }
     View *visit(nurel::ui::components::Selector *selector) override { return makeContainer(selector); }
     View *visit(nurel::ui::components::Progress *progress) override { return makeContainer(progress); }

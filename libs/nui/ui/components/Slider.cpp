@@ -202,7 +202,7 @@ UIEventHandler *Slider::handleEvent(const UIEvent &event) {
 void Slider::jumpTo(const MouseEvent &release) {
     // Not the container's test: where the thumb is hit, that gives the point on the thumb.
     math::Vector3 point(0, 0, 0);
-    if (!Component::hitTest(release.getRay(), point))
+    if (!Component::hitTest(release.getRay(), point)) // NOLINT(bugprone-parent-virtual-call)
         return;
     float x = clampToTravel(point.x);
     const float old = mValue;

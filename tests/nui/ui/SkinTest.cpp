@@ -13,6 +13,7 @@ namespace {
 class NotingSkin : public test::BlankSkin {
 public:
     View *visit(components::Image *image) override { return note("Image", BlankSkin::visit(image)); }
+    View *visit(components::TextField *field) override { return note("TextField", BlankSkin::visit(field)); }
     View *visit(components::Selector *selector) override { return note("Selector", BlankSkin::visit(selector)); }
     View *visit(components::Progress *progress) override { return note("Progress", BlankSkin::visit(progress)); }
     View *visit(components::Slider *slider) override { return note("Slider", BlankSkin::visit(slider)); }
@@ -87,6 +88,7 @@ TEST_F(SkinTest, CallsTheOverloadOfTheComponentsClass) {
     EXPECT_EQ(visited(new components::Slider("s")), "Panel(thumb) Slider(s) ");
     EXPECT_EQ(visited(new components::Progress("p")), "Panel(bar) Progress(p) ");
     EXPECT_EQ(visited(new components::Selector("s")), "Label(item) Panel(left) Panel(right) Selector(s) ");
+    EXPECT_EQ(visited(new components::TextField("t")), "TextField(t) ");
 }
 
 TEST_F(SkinTest, SkinsADerivedClassAsTheFirstOfItsBasesInTheTestsOrder) {

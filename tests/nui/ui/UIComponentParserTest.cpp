@@ -421,7 +421,7 @@ TEST_F(UIComponentParserTest, EveryKeyWithEveryWrongKindIsSurvived) {
                           "visible", "opacity", "enabled", "tab-stop", "background-color", "border-fix", "z-index",
                           "scroll-mask", "layout", "clip-children", "text", "icon", "checkable", "checked", "items",
                           "selected", "cycle", "range", "accuracy", "value", "min-value", "max-value", "show-text",
-                          "text-format", "children"};
+                          "text-format", "placeholder", "password", "max-length", "children"};
     const char *values[] = {"null", "true", "5", "-1e30", "\"word\"", "\"\"", "[]", "[1,[2],{}]", "{}", "{\"a\":1}"};
     for (const char *type : TYPE_WORDS) {
         for (const char *key : keys) {

@@ -183,6 +183,11 @@ public:
     /// UTF-8 text for the component in focus; lost when there is none. Null is ignored. Any thread.
     void textInput(const char *text);
 
+    /// Where text is being entered, in screen pixels as of the last update: the caret of the text field in focus, or
+    /// else the bounds of what has the focus. False, and the bounds are left alone, when nobody there takes text. A
+    /// program tells its window, so that an input method shows beside it what is being composed.
+    bool getTextInputBounds(math::Vector2 &minimum, math::Vector2 &maximum) const;
+
     bool isEnabled() const { return mEnabled.load(std::memory_order_relaxed); }
 
     /// Switches all input off or on. Off drops the focus and the queued button changes.

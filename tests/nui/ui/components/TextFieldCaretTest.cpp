@@ -366,3 +366,45 @@ TEST_F(TextFieldCaretTest, TheCaretOfAScaledFieldIsScaled) {
     const Label *label = mField->getLabel();
     EXPECT_NEAR(minimum.x, label->getWorldPosition().x - label->getSize().x, 1); // half of it, twice as large
 }
+
+TEST_F(TextFieldCaretTest, TheManagerTellsTheWindowWhereTextIsEntered) {
+    Vector2 low(7, 7);
+    Vector2 high;
+    EXPECT_FALSE(manager().getTextInputBounds(low, high));
+    EXPECT_EQ(low, Vector2(7, 7));
+    layOutLabel();
+    start("ab", 1);
+    Vector2 minimum;
+    Vector2 maximum;
+    mField->getCaretBounds(minimum, maximum);
+    EXPECT_TRUE(manager().getTextInputBounds(low, high));
+    EXPECT_EQ(low, minimum);
+    EXPECT_EQ(high, maximum);
+    manager().setScale({0.5f, 2}); // UI pixels for each of the screen's
+    frame();
+    mField->getCaretBounds(minimum, maximum);
+    EXPECT_TRUE(manager().getTextInputBounds(low, high));
+    EXPECT_EQ(low, Vector2(minimum.x * 2, minimum.y / 2));
+    EXPECT_EQ(high, Vector2(maximum.x * 2, maximum.y / 2));
+    manager().setScale({0, 1});
+    EXPECT_FALSE(manager().getTextInputBounds(low, high));
+    manager().setScale({1, 1});
+    manager().setFocus(nullptr);
+    EXPECT_FALSE(manager().getTextInputBounds(low, high));
+}
+
+TEST_F(TextFieldCaretTest, OtherComponentsTakeTextInTheirBounds) {
+    const auto panel = addPanel(*mWidget, "panel", 300, 300, 60, 40);
+    const auto inner = addPanel(*panel, "inner", 10, 10, 20, 20);
+    inner->setTabStop(0);
+    frame();
+    inner->setFocus();
+    ASSERT_EQ(manager().getFocus(), inner.get());
+    Vector2 low;
+    Vector2 high;
+    EXPECT_FALSE(manager().getTextInputBounds(low, high));
+    panel->enableEvents(UIEvent::ET_TEXT_EVENT); // what it lies in takes the text
+    EXPECT_TRUE(manager().getTextInputBounds(low, high));
+    EXPECT_EQ(low, Vector2(310, 310));
+    EXPECT_EQ(high, Vector2(330, 330));
+}

@@ -67,6 +67,7 @@ public:
     KeyboardOverlayTest() : mFirst(new components::Panel("first")), mSecond(new components::Panel("second")) {
         note(mOverlay);
     }
+    ~KeyboardOverlayTest() override { UIManager::shutdown(); } // which still tells
 
     static std::string nameOf(const Component *component) { return component ? component->getName() : "-"; }
 
@@ -212,6 +213,8 @@ TEST_F(KeyboardOverlayTest, ManyThreadsMayEndEdits) {
     for (std::thread &thread : threads)
         thread.join();
     mEngine->pump();
+    EXPECT_GE(mOverlay.getFinishCount(), 200u);
+    mOverlay.resign(nullptr);
     EXPECT_EQ(mOverlay.getOwner(), nullptr);
     EXPECT_EQ(mFirst->getRefCount() + mSecond->getRefCount(), 2u);
 }

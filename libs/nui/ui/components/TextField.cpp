@@ -71,19 +71,19 @@ TextField::~TextField() {
 // --- Text
 
 void TextField::setText(const char *text) {
-    const Label *old = ensureLabel();
+    const Keeper self(this);
+    Label *label = ensureLabel();
     // 1. The argument may be this text, or a part of what is shown
     const bool isOwnText = text == mText.c_str();
     std::string shown(text ? text : "");
     mText = shown;
     // 2. It is the old text whose length counts, and all goes
-    if (mMaxLength >= 0 && old->getTextLength() > static_cast<unsigned int>(mMaxLength)) {
+    if (mMaxLength >= 0 && label->getTextLength() > static_cast<unsigned int>(mMaxLength)) {
         mText.erase(text::getUTF8Index(mText.c_str(), 0));
         if (isOwnText)
             shown.clear();
     }
     // 3.
-    Label *label = ensureLabel();
     label->setText(shown.c_str());
     // 4.
     if (isPassword())
@@ -138,6 +138,7 @@ void TextField::eraseCharacter(unsigned int index) {
 }
 
 void TextField::textEdited() {
+    const Keeper self(this);
     ensureCaret();
     checkPlaceholder();
     setDirty(DIRTY_VIEW);

@@ -33,6 +33,7 @@ public:
         note(*mField);
         note(*mOther);
     }
+    ~TextFieldKeyboardTest() override { UIManager::shutdown(); } // which still tells
 
     void note(TextField &field) {
         field.FinishCallbacks::subscribeCallback([this](TextField *which, KeyboardOverlay::TextEditingResult result) {

@@ -8,6 +8,7 @@
 #include "nui/ui/components/Checkbox.h"
 #include "nui/ui/components/Image.h"
 #include "nui/ui/components/Label.h"
+#include "nui/ui/components/Listbox.h"
 #include "nui/ui/components/Panel.h"
 #include "nui/ui/components/Progress.h"
 #include "nui/ui/components/Selector.h"
@@ -40,6 +41,7 @@ constexpr SkinnableClass SKINNABLE_CLASSES[] = {
     {components::Slider::TYPE, visitAs<components::Slider>},
     {components::Progress::TYPE, visitAs<components::Progress>},
     {components::Selector::TYPE, visitAs<components::Selector>},
+    {components::Listbox::TYPE, visitAs<components::Listbox>},
     {components::TextField::TYPE, visitAs<components::TextField>},
     {components::Image::TYPE, visitAs<components::Image>},
 };

@@ -8,8 +8,10 @@
 #include "nui/ui/Widget.h"
 #include "nui/ui/components/Button.h"
 #include "nui/ui/components/Checkbox.h"
+#include "nui/ui/components/Combo.h"
 #include "nui/ui/components/Image.h"
 #include "nui/ui/components/Label.h"
+#include "nui/ui/components/Listbox.h"
 #include "nui/ui/components/Panel.h"
 #include "nui/ui/components/Progress.h"
 #include "nui/ui/components/Radio.h"
@@ -47,6 +49,8 @@ constexpr TypeWord TYPE_WORDS[] = {
     {"selector", &components::Selector::TYPE},
     {"image", &components::Image::TYPE},
     {"slider", &components::Slider::TYPE},
+    {"combo", &components::Combo::TYPE},
+    {"listbox", &components::Listbox::TYPE},
     {"widget", &Widget::TYPE},
     {"progress", &components::Progress::TYPE},
 };

@@ -3,7 +3,9 @@
 
 #include "nui/ui/components/Button.h"
 #include "nui/ui/components/Checkbox.h"
+#include "nui/ui/components/Combo.h"
 #include "nui/ui/components/Label.h"
+#include "nui/ui/components/Listbox.h"
 #include "nui/ui/components/Progress.h"
 #include "nui/ui/components/Selector.h"
 #include "nui/ui/components/Slider.h"
@@ -99,6 +101,33 @@ void parseButtonKeys(const JSObject &json, Component &component) {
         button.setChecked(json.getBool("checked", false));
 }
 
+/// The keys that a list and a combo have for its rows. Says whether there were items.
+void parseListItems(const JSObject &json, components::Listbox &list) {
+    if (!readItems(json, [&list](const char *text) { list.addItem(text, nullptr); }))
+        return;
+    if (json.hasKey("selected"))
+        list.setSelectedIndex(json.getInt("selected", list.getSelectedIndex()), true);
+}
+
+void parseComboKeys(const JSObject &json, Component &component) {
+    parseButtonKeys(json, component);
+    auto &combo = static_cast<components::Combo &>(component);
+    if (json.hasKey("items"))
+        parseListItems(json, *combo.getList());
+    // What is shown by now: the text of the key "selected" where there is one
+    if (json.hasKey("text"))
+        combo.getList()->setNoItemText(combo.getText());
+}
+
+void parseListboxKeys(const JSObject &json, Component &component) {
+    auto &list = static_cast<components::Listbox &>(component);
+    parseListItems(json, list);
+    if (json.hasKey("item-height"))
+        list.setItemHeight(json.getFloat("item-height", list.getItemHeight()));
+    if (json.hasKey("item-spacing"))
+        list.setItemSpacing(json.getFloat("item-spacing", list.getItemSpacing()));
+}
+
 // Each key is applied at once, so the value that a later one asks for is kept within what the earlier ones have set.
 void parseSliderKeys(const JSObject &json, Component &component) {
     auto &slider = static_cast<components::Slider &>(component);
@@ -125,20 +154,18 @@ void parseProgressKeys(const JSObject &json, Component &component) {
         progress.setTextFormat(json.getString("text-format", "%d%%"));
 }
 
-/// The keys that a class adds. The first row whose type fits is the only one that counts, so a class stands ahead of the
-/// ones that it derives from.
+/// The keys that a class adds. The first row whose type fits is the only one that counts, so a class stands ahead of
+/// the ones that it derives from.
 struct ClassKeys {
     const core::Type *type;
     void (*parse)(const JSObject &json, Component &component);
 };
 
 constexpr ClassKeys CLASS_KEYS[] = {
-    {&components::Label::TYPE, parseLabelKeys},
-    {&components::TextField::TYPE, parseTextFieldKeys},
-    {&components::Checkbox::TYPE, parseCheckboxKeys},
-    {&components::Selector::TYPE, parseSelectorKeys},
-    {&components::Button::TYPE, parseButtonKeys},
-    {&components::Slider::TYPE, parseSliderKeys},
+    {&components::Label::TYPE, parseLabelKeys},       {&components::TextField::TYPE, parseTextFieldKeys},
+    {&components::Checkbox::TYPE, parseCheckboxKeys}, {&components::Selector::TYPE, parseSelectorKeys},
+    {&components::Combo::TYPE, parseComboKeys},       {&components::Button::TYPE, parseButtonKeys},
+    {&components::Slider::TYPE, parseSliderKeys},     {&components::Listbox::TYPE, parseListboxKeys},
     {&components::Progress::TYPE, parseProgressKeys},
 };
 

@@ -22,8 +22,10 @@
 #include "nui/ui/Widget.h"
 #include "nui/ui/components/Button.h"
 #include "nui/ui/components/Checkbox.h"
+#include "nui/ui/components/Combo.h"
 #include "nui/ui/components/Image.h"
 #include "nui/ui/components/Label.h"
+#include "nui/ui/components/Listbox.h"
 #include "nui/ui/components/Panel.h"
 #include "nui/ui/components/Progress.h"
 #include "nui/ui/components/Radio.h"
@@ -61,8 +63,10 @@ core::Object *create() {
 constexpr Creatable CREATABLE_CLASSES[] = {
     {components::Button::TYPE, create<components::Button>},
     {components::Checkbox::TYPE, create<components::Checkbox>},
+    {components::Combo::TYPE, create<components::Combo>},
     {components::Image::TYPE, create<components::Image>},
     {components::Label::TYPE, create<components::Label>},
+    {components::Listbox::TYPE, create<components::Listbox>},
     {components::Panel::TYPE, create<components::Panel>},
     {components::Progress::TYPE, create<components::Progress>},
     {components::Radio::TYPE, create<components::Radio>},

@@ -13,6 +13,7 @@
 #include "nui/ui/components/Checkbox.h"
 #include "nui/ui/components/Image.h"
 #include "nui/ui/components/Label.h"
+#include "nui/ui/components/Listbox.h"
 #include "nui/ui/components/Panel.h"
 #include "nui/ui/components/Progress.h"
 #include "nui/ui/components/Selector.h"
@@ -38,7 +39,7 @@ public:
 
     View *visit(nurel::ui::components::Image *image) override { return make(image); }
     View *visit(nurel::ui::components::TextField *field) override { return makeContainer(field); }
-    View *visit(nurel::ui::components::Listbox *) override { return nullptr; }
+    View *visit(nurel::ui::components::Listbox *listbox) override { return makeContainer(listbox); }
     View *visit(nurel::ui::components::Selector *selector) override { return makeContainer(selector); }
     View *visit(nurel::ui::components::Progress *progress) override { return makeContainer(progress); }
     View *visit(nurel::ui::components::Slider *slider) override { return makeContainer(slider); }

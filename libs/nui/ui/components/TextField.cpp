@@ -47,6 +47,14 @@ Label *findClonedLabel(const Container &copy, const Label *label, const core::Cl
     return found && found->instanceOf(Label::TYPE) ? static_cast<Label *>(found) : nullptr;
 }
 
+/// How far the inside of the label's box lies off its middle: the text stands in it.
+math::Vector2 getInnerOffset(const Label &label) {
+    const math::Vector4 &padding = label.getPadding();
+    const math::Vector4 &border = label.getBorder();
+    return math::Vector2(std::floor((padding.w + border.w - border.y - padding.y) * 0.5f),
+                         std::floor((padding.x + border.x - border.z - padding.z) * 0.5f));
+}
+
 /// The character before which the caret stands; the count when it stands at the end.
 unsigned int toIndex(int caret, unsigned int characters) {
     return caret < 0 ? characters : static_cast<unsigned int>(caret);
@@ -322,7 +330,8 @@ void TextField::removeCaretChar() {
 void TextField::getCaretBounds(math::Vector2 &minimum, math::Vector2 &maximum) const {
     const Label &label = *ensureLabel();
     const math::Vector3 &center = label.getWorldPosition();
-    const math::Vector2 position = label.getCharacterPosition(toIndex(mCaretIndex, label.getTextLength()));
+    const math::Vector2 position =
+        label.getCharacterPosition(toIndex(mCaretIndex, label.getTextLength())) + getInnerOffset(label);
     minimum = math::Vector2(center.x, center.y) + position * label.getWorldScale();
     const font::Font *font = label.getFont();
     const float height = font ? font->getHeight() * label.getTextMesh()->getScale() : 0;
@@ -380,8 +389,10 @@ UIEventHandler *TextField::processEvent(const ClickEvent &event) {
 }
 
 UIEventHandler *TextField::processEvent(const FocusEvent &event) {
-    if (event.getAction() == FocusEvent::FOCUS_GAINED)
+    if (event.getAction() == FocusEvent::FOCUS_GAINED) {
+        ensureLabel(); // the caret stands in it
         acquireKeyboard();
+    }
     return Container::processEvent(event);
 }
 

@@ -77,6 +77,8 @@ public:
 
     // --- Parts
 
+    bool hasLabel() const { return findLabel() != nullptr; }
+
     /// Makes it if there is none.
     Label *getLabel() const { return ensureLabel(); }
     Label *ensureLabel() const;

@@ -341,6 +341,20 @@ TEST_F(TextFieldCaretTest, TellsWhereTheCaretStands) {
     EXPECT_EQ(minimum, end);
 }
 
+TEST_F(TextFieldCaretTest, TheLabelsPaddingMovesTheCaretWithTheText) {
+    layOutLabel();
+    start("ab", 1);
+    Vector2 before;
+    Vector2 after;
+    Vector2 maximum;
+    mField->getCaretBounds(before, maximum);
+    mField->getLabel()->setPadding({0, 0, 10, 20}); // below, and left
+    const nurel::math::Vector3 center = mField->getLabel()->getWorldPosition();
+    mField->getCaretBounds(after, maximum);
+    EXPECT_EQ(mField->getLabel()->getWorldPosition(), center);
+    EXPECT_EQ(after, before + Vector2(10, -5));
+}
+
 TEST_F(TextFieldCaretTest, TellsWhereTheCaretStandsInRightToLeftText) {
     layOutLabel();
     start("שלום", 0);

@@ -566,11 +566,14 @@ TEST_F(TextFieldTest, ItsPartsFollowItsStateButForTheFocus) {
     EXPECT_TRUE(mField->getPlaceholder()->isDirty(Component::DIRTY_VIEW));
 }
 
-TEST_F(TextFieldTest, NoPartIsMadeForAnEvent) {
+TEST_F(TextFieldTest, NoPartIsMadeForAnEventButTheFocus) {
     moveTo(200, 120);
-    press();
-    release();
     EXPECT_EQ(mField->getChildCount(), 0u);
+    EXPECT_FALSE(mField->hasLabel());
+    press();
+    EXPECT_TRUE(mField->hasLabel()); // the caret stands in it
+    release();
+    EXPECT_EQ(mField->getChildCount(), 1u);
 }
 
 TEST_F(TextFieldTest, ItsPartsFollowItsClasses) {
@@ -716,6 +719,37 @@ TEST_F(TextFieldTest, IsSkinnedAsATextField) {
     const core::SmartPtr<ComponentView> made(mSkin->skin(other.get()));
     ASSERT_TRUE(made);
     EXPECT_EQ(made->getComponent(), other.get());
+}
+
+// --- among others ---
+
+TEST_F(TextFieldTest, TypingTouchesThatFieldOnly) {
+    const auto rows = addPanel(*mWidget, "rows", 0, 200, 400, 300);
+    const core::SmartPtr<layouts::FlowLayout> layout(new layouts::FlowLayout);
+    rows->setLayout(layout.get());
+    std::vector<core::SmartPtr<TextField>> fields;
+    for (int i = 0; i < 50; ++i) {
+        const auto row = addPanel(*rows, "row", 0, 0, 120, 40);
+        fields.emplace_back(new TextField("field"));
+        fields.back()->setSize({100, 30});
+        fields.back()->setText("text");
+        row->addChild(fields.back().get());
+    }
+    fields[20]->setFocus();
+    type("a");
+    frame();
+    manager().textInput("b");
+    manager().updateEvents();
+    EXPECT_TRUE(fields[20]->isDirty(Component::DIRTY_VIEW));
+    EXPECT_EQ(rows->isDirty(Component::DIRTY_POSITION | Component::DIRTY_CONTENT | Component::DIRTY_VIEW), 0u);
+    for (int i = 0; i < 50; ++i) {
+        const auto &field = *fields[static_cast<std::size_t>(i)];
+        const bool isTouched = field.isDirty(Component::DIRTY_ALL) || field.getLabel()->isDirty(Component::DIRTY_ALL) ||
+                               field.getParent()->isDirty(Component::DIRTY_ALL);
+        EXPECT_EQ(isTouched, i == 20) << i;
+    }
+    frame();
+    EXPECT_STREQ(fields[20]->getText(), "textab");
 }
 
 // --- callbacks that take things away ---

@@ -101,7 +101,7 @@ void parseButtonKeys(const JSObject &json, Component &component) {
         button.setChecked(json.getBool("checked", false));
 }
 
-/// The keys that a list and a combo have for its rows. Says whether there were items.
+/// The keys of a list's rows.
 void parseListItems(const JSObject &json, components::Listbox &list) {
     if (!readItems(json, [&list](const char *text) { list.addItem(text, nullptr); }))
         return;

@@ -258,8 +258,10 @@ void TextField::setKeyboardOptions(unsigned int options) {
 
 /// Scrolls so far that the caret is seen, with room for one more character at the right edge.
 void TextField::ensureCaret() {
-    // 1. From the label's left edge
-    const Label *label = ensureLabel();
+    // 1. From the label's left edge, and that of the text as it is now: else right-to-left text would be taken to begin
+    // left of it
+    Label *label = ensureLabel();
+    label->update();
     const float x = label->getCharacterPosition(toIndex(mCaretIndex, label->getTextLength())).x +
                     label->getSize().x * 0.5f;
     // 2.

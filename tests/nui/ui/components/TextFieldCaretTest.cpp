@@ -251,15 +251,30 @@ TEST_F(TextFieldCaretTest, KeepsTheCaretInSightWithRoomForOneMore) {
 }
 
 TEST_F(TextFieldCaretTest, ScrollsBackForACaretLeftOfTheLabelsEdge) {
+    mField->setText("abc");
+    mField->getLabel()->setPositionData({0, 0}, {0, 0}, {10, 20}, {0, 0}, Component::ANCHOR_CENTER_LEFT);
+    mField->setFocus();
+    frame();
+    mField->getLabel()->getTextMesh()->setSizeLimit({200, 20}); // a box that is wider than the label
+    tap(Keyboard::K_HOME);
+    EXPECT_EQ(caretX(), -95);
+    EXPECT_EQ(scroll(), std::floor(mField->getScrollMin().x + 95));
+}
+
+TEST_F(TextFieldCaretTest, TypedTextKeepsToTheLeftEdgeInBothDirections) {
     layOutLabel();
     mField->setFocus();
-    mField->setText("abcdef"); // the label has no width for it before the next frame
-    tap(Keyboard::K_HOME);
-    ASSERT_LT(caretX(), -10);
-    EXPECT_EQ(scroll(), std::floor(mField->getScrollMin().x - caretX()));
-    frame();
-    tap(Keyboard::K_HOME);
-    EXPECT_EQ(scroll(), std::floor(mField->getScrollMin().x));
+    for (const char *typed : {"ש", "ל", "ו", "ם"}) {
+        type(typed);
+        EXPECT_EQ(scroll(), std::floor(mField->getScrollMin().x)) << typed;
+        EXPECT_EQ(mField->getLabel()->getMinBound().x, 100) << typed;
+    }
+    mField->clearText();
+    for (const char *typed : {"a", "m", "é"}) {
+        type(typed);
+        EXPECT_EQ(scroll(), std::floor(mField->getScrollMin().x)) << typed;
+        EXPECT_EQ(mField->getLabel()->getMinBound().x, 100) << typed;
+    }
 }
 
 TEST_F(TextFieldCaretTest, TheEdgesBelongToWhatIsInSight) {

@@ -1,8 +1,8 @@
-// Edits of a text field against a plain model: whatever the operations, the field's text, what it shows and its caret are
-// those of a vector of characters.
+// Edits of a text field against a plain model: whatever the operations, the field's text, what it shows and its caret
+// are those of a vector of characters.
 //
-// The input is a row of operations, a byte each, with what they need behind it: a number takes a byte, a text one for its
-// length and that many more.
+// The input is a row of operations, a byte each, with what they need behind it: a number takes a byte, a text one for
+// its length and that many more.
 #include "nengine/Engine.h"
 #include "ninput/input/InputSystem.h"
 #include "nui/ui/SkinManager.h"

@@ -73,8 +73,7 @@ public:
         : mWindow(makeWindowConfig(options)), mBackend(std::make_shared<GlesBackend>()) {
         nurel::sdl::WindowCallbacks callbacks;
         callbacks.cursorMoved = [](float x, float y) {
-            UIManager::getSingleton().setMousePos(
-                {static_cast<int>(std::floor(x)), static_cast<int>(std::floor(y))});
+            UIManager::getSingleton().setMousePos({static_cast<int>(std::floor(x)), static_cast<int>(std::floor(y))});
         };
         callbacks.buttonChanged = [](nurel::input::Mouse::MouseButton button, nurel::input::Mouse::ButtonState state) {
             UIManager::getSingleton().setMouseButton(button, state);
@@ -133,7 +132,7 @@ private:
 
     nurel::sdl::Window mWindow;
     std::shared_ptr<GlesBackend> mBackend;
-    bool mTakesText = true; ///< as the window at first
+    bool mTakesText = true;             ///< as the window at first
     std::array<int, 4> mTextPlace = {}; ///< left, top, width, height
 };
 

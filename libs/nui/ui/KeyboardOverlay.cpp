@@ -180,8 +180,7 @@ void KeyboardOverlay::triggerInputFinished(core::SmartPtr<Component> owner, Text
     sendFinished(owner, result, kept->c_str());
 }
 
-bool KeyboardOverlay::sendFinished(const core::SmartPtr<Component> &owner, TextEditingResult result,
-                                   const char *text) {
+bool KeyboardOverlay::sendFinished(const core::SmartPtr<Component> &owner, TextEditingResult result, const char *text) {
     const std::shared_ptr<Life> life = mLife;
     if (life->depth >= MAXIMUM_DEPTH) {
         logging::Logger::mROOT_LOGGER.warn("Subscribers hand the keyboard on inside one another, %u deep: dropped",

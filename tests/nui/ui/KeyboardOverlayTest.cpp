@@ -341,9 +341,8 @@ TEST_F(KeyboardOverlayTest, ASubscriberMayEndTheOverlay) {
     };
     tryWith([](OpenOverlay &overlay, Component *second) { overlay.acquire(second, "text", 0); });
     tryWith([](OpenOverlay &overlay, Component *) { overlay.resign(nullptr); });
-    tryWith([](OpenOverlay &overlay, Component *) {
-        overlay.textEditingFinished(KeyboardOverlay::TEXT_ACCEPTED, "text");
-    });
+    tryWith(
+        [](OpenOverlay &overlay, Component *) { overlay.textEditingFinished(KeyboardOverlay::TEXT_ACCEPTED, "text"); });
     auto *overlay = new OpenOverlay;
     overlay->getAcquiredSignal().subscribeCallback([](KeyboardOverlay *sender, Component *) {
         delete sender;
@@ -369,10 +368,9 @@ TEST_F(KeyboardOverlayTest, SubscribersThatHandTheKeyboardOnForEverAreCutOff) {
 
 TEST_F(KeyboardOverlayTest, ASubscriberThatFailsLeavesNoOwner) {
     mOverlay.acquire(mFirst.get(), "text", 0);
-    mOverlay.getFinishedSignal().subscribeCallback(
-        [](KeyboardOverlay *, Component *, KeyboardOverlay::TextEditingResult, const char *) -> bool {
-            throw std::runtime_error("sorry");
-        });
+    mOverlay.getFinishedSignal().subscribeCallback([](KeyboardOverlay *, Component *,
+                                                      KeyboardOverlay::TextEditingResult,
+                                                      const char *) -> bool { throw std::runtime_error("sorry"); });
     mOverlay.textEditingFinished(KeyboardOverlay::TEXT_ACCEPTED, "text");
     EXPECT_EQ(mLog.takeOne(logging::Level::ERROR), "Task on the render thread failed: sorry");
     EXPECT_EQ(mOverlay.getOwner(), nullptr);

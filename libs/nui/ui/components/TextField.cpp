@@ -262,8 +262,8 @@ void TextField::ensureCaret() {
     // left of it
     Label *label = ensureLabel();
     label->update();
-    const float x = label->getCharacterPosition(toIndex(mCaretIndex, label->getTextLength())).x +
-                    label->getSize().x * 0.5f;
+    const float x =
+        label->getCharacterPosition(toIndex(mCaretIndex, label->getTextLength())).x + label->getSize().x * 0.5f;
     // 2.
     const float width = getContainerSize().x;
     const float start = getScrollMin().x;
@@ -423,8 +423,8 @@ void TextField::endSubscription() {
     overlay->getFinishedSignal().unsubscribeCreatedCallback(*own);
 }
 
-bool TextField::inputFinished(KeyboardOverlay *overlay, Component *component,
-                              KeyboardOverlay::TextEditingResult result, const char *text) {
+bool TextField::inputFinished(KeyboardOverlay *overlay, Component *component, KeyboardOverlay::TextEditingResult result,
+                              const char *text) {
     const unsigned int current = overlay->getCurrentFinish();
     if (current != 0 && current <= mFinishesBefore)
         return false; // it was under way already when this field subscribed: the next one is meant

@@ -28,10 +28,10 @@ class Label;
 /// is done to the field's classes is done to theirs. A label that is taken out is made anew when it is needed.
 ///
 /// A clone has clones of the parts, its caret at the end of the text, and no subscribers.
-class TextField : public Container,
-                  public core::CallbackSubscriptor<mpl::Int2Type<0>, 1, bool, TextField *>,
-                  public core::CallbackSubscriptor<mpl::Int2Type<1>, 1, bool, TextField *,
-                                                   KeyboardOverlay::TextEditingResult> {
+class TextField
+    : public Container,
+      public core::CallbackSubscriptor<mpl::Int2Type<0>, 1, bool, TextField *>,
+      public core::CallbackSubscriptor<mpl::Int2Type<1>, 1, bool, TextField *, KeyboardOverlay::TextEditingResult> {
 public:
     static const core::Type TYPE;
     static const core::Type &type() { return TYPE; }

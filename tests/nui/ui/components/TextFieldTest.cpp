@@ -229,7 +229,8 @@ TEST_F(TextFieldTest, AByteThatIsNoCharacterCountsAsOne) {
     mField->setFocus();
     for (const char *typed : {"\xff", "\xc3", "a", "\xe3\x81", "\xed\xa0\x80", "\xf4\x90\x80\x80", "\xc0\xaf"})
         mField->insertText(typed);
-    const std::string all = "\xff\xc3" "a\xe3\x81\xed\xa0\x80\xf4\x90\x80\x80\xc0\xaf";
+    const std::string all = "\xff\xc3"
+                            "a\xe3\x81\xed\xa0\x80\xf4\x90\x80\x80\xc0\xaf";
     EXPECT_EQ(text(), all);
     EXPECT_EQ(shown(), all);
     EXPECT_EQ(mField->getTextLength(), all.size());

@@ -20,6 +20,7 @@
 #include "nui/ui/ComponentView.h"
 #include "nui/ui/Container.h"
 #include "nui/ui/CursorPosition.h"
+#include "nui/ui/Dialog.h"
 #include "nui/ui/Fwd.h"
 #include "nui/ui/HermiteInterpolator.h"
 #include "nui/ui/Interpolator.h"

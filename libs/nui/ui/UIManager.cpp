@@ -16,6 +16,7 @@
 #include "nengine/scene/VisibilitySet.h"
 #include "ninput/input/InputSystem.h"
 #include "nui/ui/AnimationContext.h"
+#include "nui/ui/Dialog.h"
 #include "nui/ui/KeyboardOverlay.h"
 #include "nui/ui/SkinManager.h"
 #include "nui/ui/UIComponentFactory.h"
@@ -144,12 +145,16 @@ void UIManager::unsubscribe() {
 
 void UIManager::shutdown() {
     UIManager *manager = mObject;
-    if (!manager || manager->mEnding)
+    if (manager && manager->mEnding)
         return;
-    if (manager->mActivities > 0)
+    if (manager && manager->mActivities > 0) {
         manager->mShutdownRequested = true;
-    else
-        deleteSingleton();
+        return;
+    }
+    if (manager)
+        manager->mShutdownRequested = false; // dialogs that die now must not come back here
+    Dialog::shutdown();
+    deleteSingleton();
 }
 
 UIManager::~UIManager() {
@@ -192,6 +197,7 @@ void UIManager::removeAllWidgets() {
 }
 
 void UIManager::releaseRest() {
+    Dialog::shutdown(); // if a callback has shown one since
     mEventObserver.removeCallbacks();
     mTextBuffer.clear();
     mStageCallbacks.removeCallbacks();

@@ -194,6 +194,7 @@ void Listbox::setItemVisible(int index, bool visible) {
     row->setVisible(visible);
     if (mCheck && index == mSelectedIndex)
         mCheck->setVisible(visible);
+    setDirty(DIRTY_CONTENT); // the rows below move up or down
 }
 
 void Listbox::setAllItemsVisible(bool visible) {
@@ -204,6 +205,7 @@ void Listbox::setAllItemsVisible(bool visible) {
     }
     if (mCheck && mSelectedIndex >= 0)
         mCheck->setVisible(visible);
+    setDirty(DIRTY_CONTENT);
 }
 
 bool Listbox::isItemVisible(int index) const {
@@ -442,7 +444,7 @@ void Listbox::_clone(core::Object *object, core::CloningOptions &options) const 
     target.mFocusIndex = -1;
     target.mFocusRow = nullptr;
     target.mPressedIndex = -1;
-    target.mItems.clear();
+    std::deque<ItemEntry>().swap(target.mItems); // their data may look at the list as it goes
     target.clearChildren();
     if (target.hasLayout())
         target.getLayout()->clearIgnores();

@@ -162,6 +162,9 @@ private:
                        const char *text);
 
     void checkPlaceholder() const;
+
+    /// The character before which the caret stands; the count where it stands at the end.
+    unsigned int getCaretCharacter(unsigned int characters) const;
     void ensureCaret();
     void caretLeft();
     void caretRight();

@@ -11,6 +11,7 @@
 
 #include <epoxy/gl.h>
 
+#include <array>
 #include <chrono>
 #include <cmath>
 #include <cstdlib>
@@ -87,7 +88,10 @@ public:
     unsigned int getHeight() const override { return mWindow.getHeight(); }
     void resize(unsigned int width, unsigned int height) override { mWindow.resize(width, height); }
     bool isWindow() const override { return true; }
-    bool pollInput() override { return mWindow.pollEvents(); }
+    bool pollInput() override {
+        followTextInput();
+        return mWindow.pollEvents();
+    }
 
     void beginDrawing() override {
         mWindow.makeCurrent();
@@ -107,8 +111,29 @@ public:
     }
 
 private:
+    /// Input methods are on while something takes text, and compose where it stands.
+    void followTextInput() {
+        nurel::math::Vector2 low;
+        nurel::math::Vector2 high;
+        const bool on = UIManager::getSingleton().getTextInputBounds(low, high);
+        if (on != mTakesText)
+            mWindow.setTextInput(on);
+        mTakesText = on;
+        if (!on)
+            return;
+        const auto toPixel = [](float position) { return static_cast<int>(std::lround(position)); };
+        const std::array<int, 4> place = {toPixel(low.x), toPixel(low.y), toPixel(high.x - low.x),
+                                          toPixel(high.y - low.y)};
+        if (place == mTextPlace)
+            return;
+        mTextPlace = place;
+        mWindow.setTextInputRectangle(place[0], place[1], place[2], place[3]);
+    }
+
     nurel::sdl::Window mWindow;
     std::shared_ptr<GlesBackend> mBackend;
+    bool mTakesText = true;             ///< as the window at first
+    std::array<int, 4> mTextPlace = {}; ///< left, top, width, height
 };
 
 bool hasDisplay() {

@@ -22,9 +22,11 @@ namespace {
 /// SDL's video part for as long as a window wants it. Its other parts may be in use by the program.
 class Video {
 public:
-    Video() {
+    explicit Video(const WindowConfig &config) {
         SDL_SetHint(SDL_HINT_VIDEO_X11_NET_WM_BYPASS_COMPOSITOR, "0"); // this is no full-screen game
         SDL_SetHint(SDL_HINT_IME_SUPPORT_EXTENDED_TEXT, "1");
+        SDL_SetHint(SDL_HINT_IME_SHOW_UI, "1"); // the list of candidates
+        SDL_SetHint(SDL_HINT_IME_INTERNAL_EDITING, config.showsComposition ? "1" : "0");
 #ifdef __linux__
         if (!std::getenv("XDG_RUNTIME_DIR")) // Wayland needs it, and its library complains on stderr of its absence
             SDL_SetHint(SDL_HINT_VIDEODRIVER, "x11,KMSDRM");
@@ -82,7 +84,7 @@ struct Window::State {
     float scaleY = 1;
 };
 
-Window::State::State(const WindowConfig &config) {
+Window::State::State(const WindowConfig &config) : video(config) {
     std::string reason;
     for (const Api &api : APIS) {
         if (open(config, api))

@@ -24,7 +24,8 @@ struct WindowCallbacks {
     /// UTF-8 that the user has entered, by key or by input method.
     std::function<void(const char *text)> textEntered;
 
-    /// What an input method shows while the user composes, with the selected part in characters; empty when it is over.
+    /// What the user composes by an input method, with the selected part in characters; empty when it is over. Not told
+    /// while the input method shows it itself, see `WindowConfig::showsComposition`.
     std::function<void(const char *text, int start, int length)> textComposed;
 
     std::function<void(unsigned int width, unsigned int height)> resized;
@@ -37,6 +38,10 @@ struct WindowConfig {
     unsigned int height = 720;
     bool resizable = true;
     bool verticalSync = true;
+
+    /// Whether input methods show what is being composed, beside the text input rectangle. Otherwise the program does,
+    /// by `textComposed`. It holds for all of the process.
+    bool showsComposition = true;
 };
 
 /// A window with a GL context that is current: OpenGL 3.3 core where there is one, else OpenGL ES 3.0. One at a time;

@@ -5,6 +5,7 @@
 #include "foundation/core/Exception.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace nurel::scene {
 
@@ -101,7 +102,10 @@ void Node::removeChild(Frame *child) {
     const core::SmartPtr<Frame> guard(child);
     Walk::keep(guard);
     child->setParent(nullptr);
-    std::erase(mChildren, guard);
+    // The last first, so that children which leave from the last to the first cost the same each.
+    const auto last = std::find(mChildren.rbegin(), mChildren.rend(), guard);
+    if (last != mChildren.rend())
+        mChildren.erase(std::next(last).base());
 }
 
 void Node::removeChildren() {

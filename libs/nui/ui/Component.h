@@ -422,6 +422,9 @@ protected:
         mDeclaredSize.relative = relative;
     }
 
+    /// Whether a class starts visible; for constructors, as above.
+    void initializeVisible(bool visible) { mVisible = visible; }
+
     /// The view of this component under the skin: the one that it has, or else a new one, which is stored by setView().
     /// Every concrete class asks the skin for its own kind.
     virtual ComponentView *visit(Skin *skin) = 0;

@@ -114,14 +114,35 @@ void ComponentView::insertView(ComponentView *view) {
     const int zIndex = component ? component->getZIndex() : 0;
     const Container *parent = component ? component->getParent() : nullptr;
     if (!parent || zIndex < parent->getZIndexMax()) {
-        const auto &children = content->getChildren();
-        const auto behind = std::find_if(children.begin(), children.end(),
-                                         [&](const auto &child) { return zIndexOf(*child) > zIndex; });
-        content->insertChild(view, static_cast<unsigned int>(behind - children.begin()));
+        content->insertChild(view, findPlace(zIndex, parent));
     } else {
         content->appendChild(view);
     }
     updateProperties();
+}
+
+/// The index in the content of the first child with a higher z-index.
+unsigned int ComponentView::findPlace(int zIndex, const Container *parent) const {
+    const auto &children = mContent->getChildren();
+    const auto isAbove = [zIndex](const auto &child) { return zIndexOf(*child) > zIndex; };
+    auto place = children.end();
+    if (!parent || zIndex < 0 || !parent->isBelowBarsOnly(zIndex)) {
+        place = std::find_if(children.begin(), children.end(), isAbove);
+    } else {
+        // None but the scroll bars, which stand at the end or near to it
+        int bars = 0;
+        for (const Component *bar : {parent->getScrollInfoH().bar, parent->getScrollInfoV().bar}) {
+            if (bar && bar->hasView() && bar->getView()->getParent() == mContent.get())
+                ++bars;
+        }
+        for (auto child = children.end(); bars > 0 && child != children.begin();) {
+            if (isAbove(*--child)) {
+                place = child;
+                --bars;
+            }
+        }
+    }
+    return static_cast<unsigned int>(place - children.begin());
 }
 
 void ComponentView::removeView(ComponentView *view) {

@@ -78,6 +78,7 @@ private:
 
     void dropComponent(const Component *component);
     void adoptComponent(Component *component);
+    unsigned int findPlace(int zIndex, const Container *parent) const;
 
     core::SmartPtr<Skin> mSkin;
     Component *mComponent;

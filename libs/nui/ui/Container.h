@@ -2,6 +2,7 @@
 
 #include "nui/ui/Component.h"
 
+#include <limits>
 #include <vector>
 
 namespace nurel::ui {
@@ -160,12 +161,17 @@ protected:
     void applyOpacity(float value, bool recursive) override;
 
 private:
-    friend class Component; // the children, for what runs down the tree
+    friend class Component;     // the children, for what runs down the tree
+    friend class ComponentView; // isBelowBarsOnly
+    friend class Layout;        // isBelowBarsOnly
 
     enum Axis { HORIZONTAL, VERTICAL };
     struct AxisTraits;
 
     bool isBar(const Component *child) const { return child == mScrollInfoH.bar || child == mScrollInfoV.bar; }
+    /// Whether no child but the scroll bars has a higher z-index. May miss that it is so, once a higher one has gone.
+    bool isBelowBarsOnly(int zIndex) const { return zIndex >= mZIndexBound; }
+
     void insertByZIndex(Component *child);
     void detachView(Component &child);
     void detachAt(std::size_t index);
@@ -197,6 +203,7 @@ private:
     math::Vector2 mContentExtentMax = math::Vector2(0, 0);
     int mZIndexMin = 0;
     int mZIndexMax = 0;
+    int mZIndexBound = std::numeric_limits<int>::min(); ///< no child but the bars is above it
 };
 
 } // namespace nurel::ui

@@ -111,6 +111,7 @@ void Container::clearChildren() {
     std::vector<core::SmartPtr<Component>> leaving;
     leaving.swap(mChildren);
     mIsUnsorted = false;
+    mZIndexBound = std::numeric_limits<int>::min();
     for (const auto &child : leaving) {
         announceRemoval(*child);
         if (child->mParent == this)
@@ -168,6 +169,7 @@ void Container::updateZIndexRangeAfterInsertion(int zIndex) {
         mZIndexMin = zIndex;
     else if (zIndex > mZIndexMax)
         mZIndexMax = zIndex;
+    mZIndexBound = std::max(mZIndexBound, zIndex);
 }
 
 void Container::updateZIndexRangeAfterRemoval(int zIndex) {
@@ -182,6 +184,10 @@ void Container::updateZIndexRangeAfterRemoval(int zIndex) {
         mZIndexMin = mChildren.front()->mZIndex;
     else if (zIndex == mZIndexMax)
         mZIndexMax = mChildren.back()->mZIndex;
+    if (zIndex == mZIndexBound && !mIsUnsorted) {
+        const unsigned int count = getChildCount();
+        mZIndexBound = count > 0 ? mChildren[count - 1]->mZIndex : std::numeric_limits<int>::min();
+    }
 }
 
 void Container::applyZIndex() {

@@ -156,7 +156,9 @@ Component *Container::createBar(Axis axis) {
     bar->setZIndex(SCROLL_BAR_Z_INDEX);
     bar->addClass(traits.barName);
     bar->setAnchor(traits.barAnchor);
+    const int bound = mZIndexBound;
     _addChild(bar.get(), false);
+    mZIndexBound = bound;
     return bar.get();
 }
 

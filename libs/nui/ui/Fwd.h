@@ -15,6 +15,7 @@ class ComponentHandler;
 class ComponentView;
 class Container;
 class CursorEvent;
+class Dialog;
 class DragEvent;
 class FocusEvent;
 class HermiteInterpolator;

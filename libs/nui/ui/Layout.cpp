@@ -47,26 +47,36 @@ void Layout::setOwner(Container *owner) {
 }
 
 void Layout::addComponent(Component *component) {
-    if (!component || !mManaged.insert(component).second)
+    if (!component || hasComponent(component))
         return;
-    const bool isHighest = mOwner && mOwner->getZIndexMax() <= component->getZIndex();
+    const auto isAbove = [=](const Component *other) { return other->getZIndex() > component->getZIndex(); };
     const auto place =
-        isHighest ? mOrdered.end() : std::find_if(mOrdered.begin(), mOrdered.end(), [=](const Component *other) {
-            return other->getZIndex() > component->getZIndex();
-        });
-    mOrdered.insert(place, component);
+        isHighest(*component) ? mOrdered.end() : std::find_if(mOrdered.begin(), mOrdered.end(), isAbove);
+    mManaged.emplace(component, mOrdered.insert(place, component));
     if (!mOwner || component->getParent() != mOwner)
         noteStranger();
 }
 
 void Layout::removeComponent(Component *component) {
-    if (mManaged.erase(component) == 0)
+    const auto found = mManaged.find(component);
+    if (found == mManaged.end())
         return;
-    mOrdered.erase(std::find(mOrdered.begin(), mOrdered.end(), component));
+    mOrdered.erase(found->second);
+    mManaged.erase(found);
+}
+
+/// Whether there is no need to look for a higher one. The scroll bars are not under the layout, as a rule.
+bool Layout::isHighest(const Component &component) const {
+    if (!mOwner)
+        return false;
+    if (mOwner->getZIndexMax() <= component.getZIndex())
+        return true;
+    return !mHasStrangers && mOwner->isBelowBarsOnly(component.getZIndex()) &&
+           !hasComponent(mOwner->getScrollInfoH().bar) && !hasComponent(mOwner->getScrollInfoV().bar);
 }
 
 bool Layout::hasComponent(const Component *component) const {
-    return mManaged.find(component) != mManaged.end();
+    return mManaged.count(component) > 0;
 }
 
 void Layout::clearComponents() {

@@ -3,9 +3,8 @@
 #include "nmain/core/Object.h"
 #include "nui/ui/Fwd.h"
 
-#include <functional>
 #include <list>
-#include <set>
+#include <map>
 
 namespace nurel::json {
 class JSObject;
@@ -88,12 +87,13 @@ protected:
 private:
     friend class Container;
 
+    bool isHighest(const Component &component) const;
     void noteStranger();
     void forgetStrangers();
 
     Container *mOwner = nullptr;
-    std::set<Component *, std::less<>> mManaged;
     std::list<Component *> mOrdered;
+    std::map<const Component *, std::list<Component *>::iterator> mManaged; ///< where each stands in the order
 
     // The layouts that hold a component which was no child of their owner when it came, and those whose owner does not
     // hold them, are chained, so that the death of such a component or owner finds them. A child of the owner needs no

@@ -8,7 +8,12 @@
 #include "nui/ui/components/Checkbox.h"
 #include "nui/ui/components/Image.h"
 #include "nui/ui/components/Label.h"
+#include "nui/ui/components/Listbox.h"
 #include "nui/ui/components/Panel.h"
+#include "nui/ui/components/Progress.h"
+#include "nui/ui/components/Selector.h"
+#include "nui/ui/components/Slider.h"
+#include "nui/ui/components/TextField.h"
 
 namespace nurel::ui {
 
@@ -33,6 +38,11 @@ constexpr SkinnableClass SKINNABLE_CLASSES[] = {
     {components::Panel::TYPE, visitAs<components::Panel>},
     {components::Button::TYPE, visitAs<components::Button>},
     {components::Checkbox::TYPE, visitAs<components::Checkbox>},
+    {components::Slider::TYPE, visitAs<components::Slider>},
+    {components::Progress::TYPE, visitAs<components::Progress>},
+    {components::Selector::TYPE, visitAs<components::Selector>},
+    {components::Listbox::TYPE, visitAs<components::Listbox>},
+    {components::TextField::TYPE, visitAs<components::TextField>},
     {components::Image::TYPE, visitAs<components::Image>},
 };
 

@@ -47,16 +47,18 @@ UIComponentFactory &UIComponentFactory::operator=(const UIComponentFactory &othe
 UIComponentFactory::~UIComponentFactory() = default;
 
 Component *UIComponentFactory::newInstance(const char *name) {
-    if (!name)
-        name = "";
+    const core::SmartPtr<Component> prototype = obtainTemplate(name ? name : "");
+    return prototype ? static_cast<Component *>(prototype->clone()) : nullptr;
+}
+
+core::SmartPtr<Component> UIComponentFactory::obtainTemplate(const char *name) {
     core::SmartPtr<Component> prototype = mTemplates.get(name);
     if (!prototype) {
         prototype = loadLogged(name);
-        if (!prototype)
-            return nullptr;
-        mTemplates.put(name, prototype);
+        if (prototype)
+            mTemplates.put(name, prototype);
     }
-    return static_cast<Component *>(prototype->clone());
+    return prototype;
 }
 
 core::SmartPtr<Component> UIComponentFactory::loadLogged(const char *name) {

@@ -68,6 +68,9 @@ private:
         FileSystem *mFileSystem;
     };
 
+    /// The prototype of that name, which is loaded, and kept, if there is none.
+    core::SmartPtr<Component> obtainTemplate(const char *name);
+
     /// Reads and parses the template's file. The component is not kept; its reference belongs to the caller.
     Component *load(const char *name);
 

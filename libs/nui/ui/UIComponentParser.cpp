@@ -8,10 +8,16 @@
 #include "nui/ui/Widget.h"
 #include "nui/ui/components/Button.h"
 #include "nui/ui/components/Checkbox.h"
+#include "nui/ui/components/Combo.h"
 #include "nui/ui/components/Image.h"
 #include "nui/ui/components/Label.h"
+#include "nui/ui/components/Listbox.h"
 #include "nui/ui/components/Panel.h"
+#include "nui/ui/components/Progress.h"
 #include "nui/ui/components/Radio.h"
+#include "nui/ui/components/Selector.h"
+#include "nui/ui/components/Slider.h"
+#include "nui/ui/components/TextField.h"
 
 #include "nengine/EngineFactory.h"
 
@@ -34,10 +40,19 @@ struct TypeWord {
 };
 
 constexpr TypeWord TYPE_WORDS[] = {
-    {"panel", &components::Panel::TYPE}, {"button", &components::Button::TYPE},
-    {"label", &components::Label::TYPE}, {"checkbox", &components::Checkbox::TYPE},
-    {"radio", &components::Radio::TYPE}, {"image", &components::Image::TYPE},
+    {"panel", &components::Panel::TYPE},
+    {"button", &components::Button::TYPE},
+    {"label", &components::Label::TYPE},
+    {"text", &components::TextField::TYPE},
+    {"checkbox", &components::Checkbox::TYPE},
+    {"radio", &components::Radio::TYPE},
+    {"selector", &components::Selector::TYPE},
+    {"image", &components::Image::TYPE},
+    {"slider", &components::Slider::TYPE},
+    {"combo", &components::Combo::TYPE},
+    {"listbox", &components::Listbox::TYPE},
     {"widget", &Widget::TYPE},
+    {"progress", &components::Progress::TYPE},
 };
 
 struct AnchorWord {

@@ -16,15 +16,23 @@
 #include "nengine/scene/VisibilitySet.h"
 #include "ninput/input/InputSystem.h"
 #include "nui/ui/AnimationContext.h"
+#include "nui/ui/Dialog.h"
+#include "nui/ui/KeyboardOverlay.h"
 #include "nui/ui/SkinManager.h"
 #include "nui/ui/UIComponentFactory.h"
 #include "nui/ui/Widget.h"
 #include "nui/ui/components/Button.h"
 #include "nui/ui/components/Checkbox.h"
+#include "nui/ui/components/Combo.h"
 #include "nui/ui/components/Image.h"
 #include "nui/ui/components/Label.h"
+#include "nui/ui/components/Listbox.h"
 #include "nui/ui/components/Panel.h"
+#include "nui/ui/components/Progress.h"
 #include "nui/ui/components/Radio.h"
+#include "nui/ui/components/Selector.h"
+#include "nui/ui/components/Slider.h"
+#include "nui/ui/components/TextField.h"
 #include "nui/ui/detail/UIManagerScopes.h"
 #include "nui/ui/layouts/FlowLayout.h"
 #include "nui/ui/layouts/FormLayout.h"
@@ -56,10 +64,16 @@ core::Object *create() {
 constexpr Creatable CREATABLE_CLASSES[] = {
     {components::Button::TYPE, create<components::Button>},
     {components::Checkbox::TYPE, create<components::Checkbox>},
+    {components::Combo::TYPE, create<components::Combo>},
     {components::Image::TYPE, create<components::Image>},
     {components::Label::TYPE, create<components::Label>},
+    {components::Listbox::TYPE, create<components::Listbox>},
     {components::Panel::TYPE, create<components::Panel>},
+    {components::Progress::TYPE, create<components::Progress>},
     {components::Radio::TYPE, create<components::Radio>},
+    {components::Selector::TYPE, create<components::Selector>},
+    {components::Slider::TYPE, create<components::Slider>},
+    {components::TextField::TYPE, create<components::TextField>},
     {layouts::FlowLayout::TYPE, create<layouts::FlowLayout>},
     {layouts::FormLayout::TYPE, create<layouts::FormLayout>},
     {Widget::TYPE, create<Widget>},
@@ -131,12 +145,16 @@ void UIManager::unsubscribe() {
 
 void UIManager::shutdown() {
     UIManager *manager = mObject;
-    if (!manager || manager->mEnding)
+    if (manager && manager->mEnding)
         return;
-    if (manager->mActivities > 0)
+    if (manager && manager->mActivities > 0) {
         manager->mShutdownRequested = true;
-    else
-        deleteSingleton();
+        return;
+    }
+    if (manager)
+        manager->mShutdownRequested = false; // dialogs that die now must not come back here
+    Dialog::shutdown();
+    deleteSingleton();
 }
 
 UIManager::~UIManager() {
@@ -156,6 +174,7 @@ UIManager::~UIManager() {
     }
     mVisibilitySet.reset();
     removeAllWidgets();
+    mKeyboardOverlay.reset();
     UIComponentFactory::deleteSingleton();
     if (mGeometryAllocator) {
         mGeometryAllocator->dumpLog();
@@ -178,6 +197,7 @@ void UIManager::removeAllWidgets() {
 }
 
 void UIManager::releaseRest() {
+    Dialog::shutdown(); // if a callback has shown one since
     mEventObserver.removeCallbacks();
     mTextBuffer.clear();
     mStageCallbacks.removeCallbacks();

@@ -183,6 +183,11 @@ public:
     /// UTF-8 text for the component in focus; lost when there is none. Null is ignored. Any thread.
     void textInput(const char *text);
 
+    /// Where text is being entered, in screen pixels as of the last update: the caret of the text field in focus, or
+    /// else the bounds of what has the focus. False, and the bounds are left alone, when nobody there takes text. A
+    /// program tells its window, so that an input method shows beside it what is being composed.
+    bool getTextInputBounds(math::Vector2 &minimum, math::Vector2 &maximum) const;
+
     bool isEnabled() const { return mEnabled.load(std::memory_order_relaxed); }
 
     /// Switches all input off or on. Off drops the focus and the queued button changes.
@@ -213,8 +218,18 @@ public:
     static float MIN_DRAG_DISTANCE;
     static float MIN_DRAG_DISTANCE_SQR;
 
-    /// Opens the on-screen keyboard for a component with the text to edit.
+    // --- on-screen keyboard ---
+
+    /// Gives the on-screen keyboard to a component with the text to edit, see `KeyboardOverlay::acquire()`, and returns
+    /// the overlay. Makes a plain one if there is none; while the manager ends that gives null.
     KeyboardOverlay *acquireKeyboard(Component *component, const char *text, unsigned int options);
+
+    /// Null until somebody has asked for the keyboard, or the platform has brought its own.
+    KeyboardOverlay *getKeyboardOverlay() const { return mKeyboardOverlay.get(); }
+
+    /// Takes a platform's overlay in place of the one before, which ends. It ends with the manager at the latest. After
+    /// null the next acquireKeyboard() makes a plain one.
+    void setKeyboardOverlay(std::unique_ptr<KeyboardOverlay> overlay);
 
     // --- signals ---
 
@@ -347,6 +362,7 @@ private:
     unsigned int mResizeSubscription = 0;
     StageCallbacks mStageCallbacks;
     float mTime = 0;
+    std::unique_ptr<KeyboardOverlay> mKeyboardOverlay;
     core::SmartPtr<geometry::MeshDataAllocator> mGeometryAllocator;
 
     // What is under way: operations inside one another, what they keep, and the components that are being removed.

@@ -3,8 +3,11 @@
 #include "foundation/core/Lock.h"
 #include "foundation/logging/Logger.h"
 #include "nui/ui/Container.h"
+#include "nui/ui/KeyboardOverlay.h"
 #include "nui/ui/UIEvent.h"
 #include "nui/ui/detail/UIManagerScopes.h"
+
+#include <utility>
 
 namespace nurel::ui {
 
@@ -135,6 +138,22 @@ void UIManager::nextTabStop(Component *component, Container *container, TabStopD
         candidate = findTabStop(*container, index, 0, 1); // past the wrap
     if (candidate)
         setFocus(candidate);
+}
+
+KeyboardOverlay *UIManager::acquireKeyboard(Component *component, const char *text, unsigned int options) {
+    const Activity activity(*this);
+    if (!mKeyboardOverlay) {
+        if (mEnding)
+            return nullptr;
+        mKeyboardOverlay = std::make_unique<KeyboardOverlay>();
+    }
+    mKeyboardOverlay->acquire(component, text, options);
+    return mKeyboardOverlay.get();
+}
+
+void UIManager::setKeyboardOverlay(std::unique_ptr<KeyboardOverlay> overlay) {
+    const Activity activity(*this);
+    const std::unique_ptr<KeyboardOverlay> previous = std::exchange(mKeyboardOverlay, std::move(overlay));
 }
 
 void UIManager::checkEnabledValidity() {

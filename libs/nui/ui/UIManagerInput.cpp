@@ -5,6 +5,7 @@
 #include "ninput/input/InputSystem.h"
 #include "nui/ui/UIEvent.h"
 #include "nui/ui/Widget.h"
+#include "nui/ui/components/TextField.h"
 #include "nui/ui/detail/UIManagerScopes.h"
 
 #include <limits>
@@ -81,6 +82,24 @@ void UIManager::textInput(const char *text) {
     const core::Lock lock(mLock);
     if (text && mFocus)
         mTextBuffer += text;
+}
+
+bool UIManager::getTextInputBounds(math::Vector2 &minimum, math::Vector2 &maximum) const {
+    Component *focus = mFocus;
+    UIEventHandler *taker = focus;
+    while (taker && !taker->acceptsEvent(UIEvent::ET_TEXT_EVENT))
+        taker = taker->nextHandler();
+    if (!taker || mScale.x == 0 || mScale.y == 0)
+        return false;
+    if (focus->instanceOf(components::TextField::TYPE)) {
+        static_cast<components::TextField *>(focus)->getCaretBounds(minimum, maximum);
+    } else {
+        minimum = focus->getMinBound();
+        maximum = focus->getMaxBound();
+    }
+    minimum = minimum / mScale;
+    maximum = maximum / mScale;
+    return true;
 }
 
 void UIManager::setMinDragDistance(float distance) {

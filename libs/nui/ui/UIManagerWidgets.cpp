@@ -17,7 +17,8 @@ namespace nurel::ui {
 
 void UIManager::queueWidget(WidgetQueueEntry::Action action, Widget *widget) {
     const core::Lock lock(mLock);
-    mWidgetQueue.push_back({action, widget});
+    if (!mEnding) // the queue will not run any more
+        mWidgetQueue.push_back({action, widget});
 }
 
 void UIManager::addWidget(Widget *widget, Component *) {

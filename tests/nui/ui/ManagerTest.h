@@ -13,7 +13,12 @@
 #include "nui/ui/components/Checkbox.h"
 #include "nui/ui/components/Image.h"
 #include "nui/ui/components/Label.h"
+#include "nui/ui/components/Listbox.h"
 #include "nui/ui/components/Panel.h"
+#include "nui/ui/components/Progress.h"
+#include "nui/ui/components/Selector.h"
+#include "nui/ui/components/Slider.h"
+#include "nui/ui/components/TextField.h"
 #include "support/LogCapture.h"
 
 #include <gtest/gtest.h>
@@ -33,11 +38,11 @@ public:
     using View = nurel::ui::ComponentView;
 
     View *visit(nurel::ui::components::Image *image) override { return make(image); }
-    View *visit(nurel::ui::components::TextField *) override { return nullptr; }
-    View *visit(nurel::ui::components::Listbox *) override { return nullptr; }
-    View *visit(nurel::ui::components::Selector *) override { return nullptr; }
-    View *visit(nurel::ui::components::Progress *) override { return nullptr; }
-    View *visit(nurel::ui::components::Slider *) override { return nullptr; }
+    View *visit(nurel::ui::components::TextField *field) override { return makeContainer(field); }
+    View *visit(nurel::ui::components::Listbox *listbox) override { return makeContainer(listbox); }
+    View *visit(nurel::ui::components::Selector *selector) override { return makeContainer(selector); }
+    View *visit(nurel::ui::components::Progress *progress) override { return makeContainer(progress); }
+    View *visit(nurel::ui::components::Slider *slider) override { return makeContainer(slider); }
     View *visit(nurel::ui::components::Checkbox *checkbox) override { return makeContainer(checkbox); }
     View *visit(nurel::ui::components::Button *button) override { return makeContainer(button); }
     View *visit(nurel::ui::components::Panel *panel) override { return makeContainer(panel); }

@@ -13,6 +13,10 @@ namespace {
 class NotingSkin : public test::BlankSkin {
 public:
     View *visit(components::Image *image) override { return note("Image", BlankSkin::visit(image)); }
+    View *visit(components::TextField *field) override { return note("TextField", BlankSkin::visit(field)); }
+    View *visit(components::Selector *selector) override { return note("Selector", BlankSkin::visit(selector)); }
+    View *visit(components::Progress *progress) override { return note("Progress", BlankSkin::visit(progress)); }
+    View *visit(components::Slider *slider) override { return note("Slider", BlankSkin::visit(slider)); }
     View *visit(components::Checkbox *checkbox) override { return note("Checkbox", BlankSkin::visit(checkbox)); }
     View *visit(components::Button *button) override { return note("Button", BlankSkin::visit(button)); }
     View *visit(components::Panel *panel) override { return note("Panel", BlankSkin::visit(panel)); }
@@ -81,6 +85,10 @@ TEST_F(SkinTest, CallsTheOverloadOfTheComponentsClass) {
     EXPECT_EQ(visited(new components::Image("i")), "Image(i) ");
     EXPECT_EQ(visited(new components::Button("b")), "Button(b) ");
     EXPECT_EQ(visited(new components::Checkbox("c")), "Panel(check) Checkbox(c) ");
+    EXPECT_EQ(visited(new components::Slider("s")), "Panel(thumb) Slider(s) ");
+    EXPECT_EQ(visited(new components::Progress("p")), "Panel(bar) Progress(p) ");
+    EXPECT_EQ(visited(new components::Selector("s")), "Label(item) Panel(left) Panel(right) Selector(s) ");
+    EXPECT_EQ(visited(new components::TextField("t")), "TextField(t) ");
 }
 
 TEST_F(SkinTest, SkinsADerivedClassAsTheFirstOfItsBasesInTheTestsOrder) {

@@ -39,6 +39,11 @@ core::SmartPtr<components::Panel> panel(const std::string &keys) {
     return static_cast<components::Panel *>(made.get());
 }
 
+const char *const TYPE_WORDS[] = {
+    "panel",    "button", "label",  "text",   "checkbox", "radio", //
+    "selector", "image",  "slider", "widget", "progress",
+};
+
 std::string messageOf(const std::string &text) {
     try {
         parse(text);
@@ -420,37 +425,14 @@ TEST_F(UIComponentParserTest, ATreeAsDeepAsTheTextMayBeIsBuilt) {
 }
 
 TEST_F(UIComponentParserTest, EveryKeyWithEveryWrongKindIsSurvived) {
-    const char *keys[] = {"type",
-                          "name",
-                          "anchor",
-                          "size",
-                          "min-width",
-                          "max-width",
-                          "min-height",
-                          "max-height",
-                          "position",
-                          "scale",
-                          "event-mask",
-                          "event-mask-enable",
-                          "event-mask-disable",
-                          "class",
-                          "visible",
-                          "opacity",
-                          "enabled",
-                          "tab-stop",
-                          "background-color",
-                          "border-fix",
-                          "z-index",
-                          "scroll-mask",
-                          "layout",
-                          "clip-children",
-                          "text",
-                          "icon",
-                          "checkable",
-                          "checked",
-                          "children"};
+    const char *keys[] = {"type", "name", "anchor", "size", "min-width", "max-width", "min-height", "max-height",
+                          "position", "scale", "event-mask", "event-mask-enable", "event-mask-disable", "class",
+                          "visible", "opacity", "enabled", "tab-stop", "background-color", "border-fix", "z-index",
+                          "scroll-mask", "layout", "clip-children", "text", "icon", "checkable", "checked", "items",
+                          "selected", "cycle", "range", "accuracy", "value", "min-value", "max-value", "show-text",
+                          "text-format", "placeholder", "password", "max-length", "children"};
     const char *values[] = {"null", "true", "5", "-1e30", "\"word\"", "\"\"", "[]", "[1,[2],{}]", "{}", "{\"a\":1}"};
-    for (const char *type : {"panel", "button", "label", "checkbox", "radio", "image", "widget"}) {
+    for (const char *type : TYPE_WORDS) {
         for (const char *key : keys) {
             for (const char *value : values) {
                 const std::string text =
@@ -486,7 +468,7 @@ TEST_F(UIComponentParserTest, RegisteredTypesAreFoundByWordAndByType) {
 
 TEST_F(UIComponentParserTest, WordsRegisteredAheadOfTheFirstParseAreTheOnlyOnes) {
     parse(R"({"type":"panel","name":"x"})");
-    for (const char *word : {"panel", "button", "label", "checkbox", "radio", "image", "widget"})
+    for (const char *word : TYPE_WORDS)
         EXPECT_TRUE(UIComponentParser::unregisterType(word)) << word;
     UIComponentParser::registerType("box", components::Panel::TYPE);
     EXPECT_EQ(&parse(R"({"type":"box","name":"x"})")->getType(), &components::Panel::TYPE);

@@ -103,8 +103,8 @@ TEST_F(UIManagerTest, DrawsItsRootInNodeOrderOverWhatIsThere) {
 TEST_F(UIManagerTest, RegistersTheCreatorsOfItsClassesForItsLife) {
     nurel::EngineFactory &factory = nurel::EngineFactory::getSingleton();
     manager();
-    const char *const names[] = {"Button", "Checkbox", "Image",      "Label",     "Panel",
-                                 "Radio",  "Widget",   "FlowLayout", "FormLayout"};
+    const char *const names[] = {"Button", "Checkbox", "Image",  "Label",  "Panel",      "Progress",
+                                 "Radio",  "Selector", "Slider", "Widget", "FlowLayout", "FormLayout"};
     for (const char *name : names) {
         const core::SmartPtr<nurel::core::Object> object(factory.create(name));
         ASSERT_TRUE(object) << name;

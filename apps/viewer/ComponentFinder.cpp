@@ -8,6 +8,7 @@
 #include "nui/ui/components/Button.h"
 #include "nui/ui/components/Checkbox.h"
 #include "nui/ui/components/Label.h"
+#include "nui/ui/components/TextField.h"
 
 #include <string_view>
 
@@ -65,6 +66,8 @@ unsigned int countEntries(const Container &container) {
 }
 
 const char *getComponentText(const Component &component) {
+    if (component.instanceOf(components::TextField::TYPE))
+        return static_cast<const components::TextField &>(component).getText(); // the real one, also when it is masked
     const components::Label *label = nullptr;
     if (component.instanceOf(components::Label::TYPE))
         label = static_cast<const components::Label *>(&component);

@@ -10,14 +10,24 @@
 #include "nui/ui/components/Checkbox.h"
 #include "nui/ui/components/Image.h"
 #include "nui/ui/components/Label.h"
+#include "nui/ui/components/Listbox.h"
 #include "nui/ui/components/Panel.h"
+#include "nui/ui/components/Progress.h"
+#include "nui/ui/components/Selector.h"
+#include "nui/ui/components/Slider.h"
+#include "nui/ui/components/TextField.h"
 #include "nui/ui/css/CSS.h"
 #include "nui/ui/css/CSSButtonView.h"
 #include "nui/ui/css/CSSCheckboxView.h"
 #include "nui/ui/css/CSSImageView.h"
 #include "nui/ui/css/CSSLabelView.h"
+#include "nui/ui/css/CSSListboxView.h"
 #include "nui/ui/css/CSSPanelView.h"
 #include "nui/ui/css/CSSParser.h"
+#include "nui/ui/css/CSSProgressView.h"
+#include "nui/ui/css/CSSSelectorView.h"
+#include "nui/ui/css/CSSSliderView.h"
+#include "nui/ui/css/CSSTextFieldView.h"
 #include "nui/ui/css/CSSWidgetView.h"
 
 namespace nurel::ui::css {
@@ -64,26 +74,34 @@ ComponentView *CSSSkin::visit(components::Image *image) {
     return new CSSImageView(image, this);
 }
 
-// There is no component of these classes yet that could ask for a view.
-
-ComponentView *CSSSkin::visit(components::TextField *) {
-    return nullptr;
+ComponentView *CSSSkin::visit(components::TextField *field) {
+    core::SmartPtr<ComponentView> view(new CSSTextFieldView(field, this));
+    visitContainer(field, view.get());
+    return view.release();
 }
 
-ComponentView *CSSSkin::visit(components::Listbox *) {
-    return nullptr;
+ComponentView *CSSSkin::visit(components::Listbox *listbox) {
+    core::SmartPtr<ComponentView> view(new CSSListboxView(listbox, this));
+    visitContainer(listbox, view.get());
+    return view.release();
 }
 
-ComponentView *CSSSkin::visit(components::Selector *) {
-    return nullptr;
+ComponentView *CSSSkin::visit(components::Selector *selector) {
+    core::SmartPtr<ComponentView> view(new CSSSelectorView(selector, this));
+    visitContainer(selector, view.get());
+    return view.release();
 }
 
-ComponentView *CSSSkin::visit(components::Progress *) {
-    return nullptr;
+ComponentView *CSSSkin::visit(components::Progress *progress) {
+    core::SmartPtr<ComponentView> view(new CSSProgressView(progress, this));
+    visitContainer(progress, view.get());
+    return view.release();
 }
 
-ComponentView *CSSSkin::visit(components::Slider *) {
-    return nullptr;
+ComponentView *CSSSkin::visit(components::Slider *slider) {
+    core::SmartPtr<ComponentView> view(new CSSSliderView(slider, this));
+    visitContainer(slider, view.get());
+    return view.release();
 }
 
 ComponentView *CSSSkin::visit(components::Checkbox *checkbox) {

@@ -5,7 +5,12 @@
 #include "nmain/vfs/MemoryFileSystem.h"
 #include "nui/ui/components/Button.h"
 #include "nui/ui/components/Checkbox.h"
+#include "nui/ui/components/Listbox.h"
+#include "nui/ui/components/Progress.h"
 #include "nui/ui/components/Radio.h"
+#include "nui/ui/components/Selector.h"
+#include "nui/ui/components/Slider.h"
+#include "nui/ui/components/TextField.h"
 #include "nui/ui/css/StyleTest.h"
 
 #include <ostream>
@@ -71,6 +76,14 @@ INSTANTIATE_TEST_SUITE_P(
         ViewName{"Checkbox", [] { return static_cast<Component *>(new components::Checkbox); }, "CSSCheckboxView",
                  true},
         ViewName{"Radio", [] { return static_cast<Component *>(new components::Radio); }, "CSSCheckboxView", true},
+        ViewName{"Listbox", [] { return static_cast<Component *>(new components::Listbox); }, "CSSListboxView", true},
+        ViewName{"Selector", [] { return static_cast<Component *>(new components::Selector); }, "CSSSelectorView",
+                 true},
+        ViewName{"Progress", [] { return static_cast<Component *>(new components::Progress); }, "CSSProgressView",
+                 true},
+        ViewName{"Slider", [] { return static_cast<Component *>(new components::Slider); }, "CSSSliderView", true},
+        ViewName{"TextField", [] { return static_cast<Component *>(new components::TextField); }, "CSSTextFieldView",
+                 true},
         ViewName{"Button", [] { return static_cast<Component *>(new components::Button); }, "CSSButtonView", true},
         ViewName{"Panel", [] { return static_cast<Component *>(new components::Panel); }, "CSSPanelView", true},
         ViewName{"Label", [] { return static_cast<Component *>(new components::Label); }, "CSSLabelView", false},

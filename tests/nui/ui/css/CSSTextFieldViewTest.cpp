@@ -1,0 +1,244 @@
+// The view of a text field: its box and its caret.
+#include "nui/ui/css/CSSTextFieldView.h"
+#include "nengine/font/Font.h"
+#include "nengine/font/FontManager.h"
+#include "nengine/scene/Node.h"
+#include "nengine/scene/handlers/BlinkHandler.h"
+#include "nengine/scene/meshes/SizeableRectangleMesh.h"
+#include "nengine/scene/meshes/TextMesh.h"
+#include "nengine/scene/properties/AlphaProperty.h"
+#include "nengine/scene/properties/MaterialProperty.h"
+#include "nengine/scene/properties/StencilProperty.h"
+#include "nui/ui/components/TextField.h"
+#include "nui/ui/css/StyleTest.h"
+
+using namespace nurel::ui;
+using components::TextField;
+using css::CSSTextFieldView;
+using nurel::input::Keyboard;
+using nurel::scene::Property;
+using nurel::scene::handlers::BlinkHandler;
+using nurel::scene::meshes::SizeableRectangleMesh;
+using nurel::scene::properties::AlphaProperty;
+using nurel::scene::properties::MaterialProperty;
+using nurel::scene::properties::StencilProperty;
+
+namespace {
+
+constexpr const char *SHEET =
+    "text { background: white; overflow: hidden; } text#label { width: auto; height: 100%; -n-anchor: center-left; }";
+
+class CSSTextFieldViewTest : public test::StyleTest {
+public:
+    CSSTextFieldViewTest() : StyleTest(SHEET) {}
+
+    void addField(const char *sheet = SHEET) {
+        setSheet(sheet);
+        mWidget = addStyledWidget();
+        mField = new TextField("field");
+        place(*mField, 100, 100, 200, 40);
+        mWidget->addChild(mField.get());
+        frame();
+    }
+
+    CSSTextFieldView &view() const { return dynamic_cast<CSSTextFieldView &>(*mField->getView()); }
+    SizeableRectangleMesh &caret() const { return *view().getCaret(); }
+
+    BlinkHandler &blink() const { return static_cast<BlinkHandler &>(*caret().getHandler(BlinkHandler::TYPE)); }
+
+    Vector4 caretColor() const { return static_cast<MaterialProperty *>(caret().getPropertySet()[1])->getColor(); }
+
+    /// The middle of the caret's left edge on the stage.
+    Vector2 caretPlace() const {
+        const Vector3 center = caret().getPosition();
+        return {center.x - caret().getSize().x * 0.5f, center.y};
+    }
+
+    static void tap(int code) {
+        key(code, true);
+        key(code, false);
+        frame();
+    }
+
+    /// Where the character's cell begins on the stage.
+    float cell(unsigned int index) const {
+        const Label *label = mField->getLabel();
+        return label->getWorldPosition().x + label->getCharacterPosition(index).x;
+    }
+
+    core::SmartPtr<TextField> mField;
+};
+
+} // namespace
+
+TEST_F(CSSTextFieldViewTest, HasABoxAndACaretThatIsHidden) {
+    addField();
+    EXPECT_STREQ(view().getName(), "CSSTextFieldView");
+    EXPECT_FALSE(mField->getMesh()->isHidden());
+    EXPECT_TRUE(caret().isHidden());
+    EXPECT_EQ(caret().getParent(), view().getOverlay());
+    EXPECT_EQ(view().getOverlay()->getChildren().front(), &caret()); // ahead of what ends the clipping
+    EXPECT_EQ(caret().getSize(), Vector2(10, 10));
+    EXPECT_EQ(caretColor(), Vector4(1, 1, 1, 0.5f));
+    EXPECT_FALSE(caret().getPropertySet()[1]->isDefault());
+    auto *alpha = static_cast<AlphaProperty *>(caret().getPropertySet()[0]);
+    ASSERT_NE(alpha, nullptr);
+    EXPECT_FALSE(alpha->isBlending());
+    EXPECT_FALSE(alpha->isDefault());
+    EXPECT_FALSE(blink().isEnabled());
+}
+
+TEST_F(CSSTextFieldViewTest, ShowsABlinkingCaretWhileTheFieldHasTheFocus) {
+    addField();
+    mField->setFocus();
+    frame();
+    EXPECT_FALSE(caret().isHidden());
+    EXPECT_TRUE(blink().isEnabled());
+    EXPECT_EQ(caret().getSize(), Vector2(2, mField->getFont()->getHeight()));
+    advance(0.6);
+    frame();
+    EXPECT_TRUE(caret().isHidden());
+    advance(0.5);
+    frame();
+    EXPECT_FALSE(caret().isHidden());
+    manager().setFocus(nullptr);
+    frame();
+    EXPECT_TRUE(caret().isHidden());
+    EXPECT_FALSE(blink().isEnabled());
+    advance(1.1);
+    frame();
+    EXPECT_TRUE(caret().isHidden());
+}
+
+TEST_F(CSSTextFieldViewTest, AnEmptyFieldShowsItsCaretToo) {
+    addField();
+    mField->setPlaceholderText("Name");
+    mField->setFocus();
+    frame();
+    EXPECT_FALSE(caret().isHidden());
+    EXPECT_NEAR(caretPlace().x, 100, 1);
+    EXPECT_NEAR(caretPlace().y, 120, 1);
+}
+
+TEST_F(CSSTextFieldViewTest, TheCaretStandsAtItsCharacter) {
+    addField();
+    mField->setText("abc");
+    mField->setFocus();
+    frame();
+    EXPECT_NEAR(caretPlace().x, cell(3), 0.6f);
+    EXPECT_GT(caretPlace().x, 115);
+    EXPECT_NEAR(caretPlace().y, 120, 1);
+    tap(Keyboard::K_LEFT);
+    EXPECT_NEAR(caretPlace().x, cell(2), 0.6f);
+    tap(Keyboard::K_HOME);
+    EXPECT_NEAR(caretPlace().x, cell(0), 0.6f);
+    EXPECT_NEAR(caretPlace().x, 100, 0.6f);
+    manager().textInput("m");
+    frame();
+    EXPECT_NEAR(caretPlace().x, cell(1), 0.6f);
+    for (int i = 0; i < 9; ++i)
+        tap(Keyboard::K_RIGHT);
+    EXPECT_NEAR(caretPlace().x, cell(4), 0.6f); // past the end is the end
+}
+
+TEST_F(CSSTextFieldViewTest, TheCaretOfRightToLeftTextStandsAtItsLeft) {
+    addField();
+    mField->setText("שלום");
+    mField->setFocus();
+    frame();
+    EXPECT_NEAR(caretPlace().x, 100, 0.6f);
+    tap(Keyboard::K_HOME);
+    EXPECT_NEAR(caretPlace().x, 100 + mField->getLabel()->getSize().x, 0.6f);
+}
+
+TEST_F(CSSTextFieldViewTest, TheCaretStaysInSightAndIsCutOffWhereTheTextIs) {
+    addField();
+    mField->setFocus();
+    for (int i = 0; i < 40; ++i) {
+        manager().textInput("n");
+        frame();
+        EXPECT_GE(caretPlace().x, 99) << i;
+        EXPECT_LE(caretPlace().x, 298) << i;
+    }
+    EXPECT_TRUE(mField->isContentOutside());
+    EXPECT_EQ(caret().getPropertySet()[Property::STENCIL],
+              mField->getLabel()->getView()->getPropertySet()[Property::STENCIL]);
+    EXPECT_EQ(static_cast<StencilProperty *>(caret().getPropertySet()[Property::STENCIL])->getReference(), 2u);
+}
+
+TEST_F(CSSTextFieldViewTest, TheCaretFollowsTheLabelsPaddingAndFont) {
+    addField("text#label { width: auto; height: 100%; -n-anchor: center-left; padding: 0px 0px 0px 20px; "
+             "font-size: 200%; }");
+    mField->setText("abc");
+    mField->setFocus();
+    frame();
+    EXPECT_EQ(caret().getSize(), Vector2(2, mField->getFont()->getHeight() * 2));
+    const Label *label = mField->getLabel();
+    EXPECT_NEAR(caretPlace().x, label->getWorldPosition().x + 10 + label->getCharacterPosition(3).x, 0.6f);
+    EXPECT_NEAR(caretPlace().y, 120, 1);
+}
+
+TEST_F(CSSTextFieldViewTest, TheColourOfTheFieldIsTheCarets) {
+    addField("text { color: red; } text#label { color: blue; }");
+    EXPECT_EQ(caretColor(), Vector4(1, 0, 0, 0.5f)); // a colour without an alpha leaves that alone
+    mField->setText("text");
+    frame();
+    EXPECT_EQ(mField->getLabel()->getColor(), Vector3(0, 0, 1));
+    setSheet("text { color: #00ff0080; }");
+    view().setStyleDirty();
+    frame();
+    EXPECT_EQ(caretColor(), Vector4(0, 1, 0, 128 * 0.003921569f));
+}
+
+TEST_F(CSSTextFieldViewTest, FollowsTheFieldsLabel) {
+    addField();
+    mField->addChild(new Label("decoration"));
+    mField->setText("abc");
+    mField->setFocus();
+    frame();
+    EXPECT_NEAR(caretPlace().x, cell(3), 0.6f);
+    mField->removeChild(mField->getLabel());
+    frame();
+    EXPECT_TRUE(caret().isHidden());
+    mField->insertText("d");
+    frame();
+    EXPECT_FALSE(caret().isHidden());
+    EXPECT_NEAR(caretPlace().x, cell(4), 0.6f);
+}
+
+TEST_F(CSSTextFieldViewTest, SurvivesWhatIsTakenAway) {
+    addField();
+    mField->setText("abc");
+    mField->setFocus();
+    frame();
+    const core::SmartPtr<ComponentView> kept(mField->getView());
+    mWidget->removeChild(mField.get());
+    mField->clearView();
+    manager().setFocus(nullptr);
+    manager().setKeyboardOverlay(nullptr);
+    mField = nullptr;
+    static_cast<CSSTextFieldView &>(*kept).updateView();
+    static_cast<CSSTextFieldView &>(*kept).updateInternal(0, true);
+    frame();
+    // A label without a view, and a font without glyphs
+    addField();
+    mField->setFont(nullptr);
+    mField->setText("abc");
+    mField->setFocus();
+    frame();
+    mField->getLabel()->clearView();
+    mField->insertText("d");
+    frame();
+    EXPECT_TRUE(caret().isHidden());
+}
+
+TEST_F(CSSTextFieldViewTest, PlacesTheCaretAnewOnlyWithTheView) {
+    addField();
+    mField->setText("abc");
+    mField->setFocus();
+    frame();
+    const Vector2 before = caretPlace();
+    mField->getLabel()->getTextMesh()->setText("behind the field's back");
+    frame();
+    EXPECT_EQ(caretPlace(), before);
+}

@@ -137,6 +137,11 @@ void Container::detachAt(std::size_t index) {
     const core::SmartPtr<Component> child = mChildren[index];
     if (mLayout) // a callback may have put it back
         mLayout->removeComponent(child.get());
+    // A bar with children of its own z-index behind it can be removed as they can
+    for (ScrollInfo *info : {&mScrollInfoH, &mScrollInfoV}) {
+        if (info->bar == child.get())
+            info->bar = nullptr;
+    }
     child->setParent(nullptr);
     mChildren.erase(mChildren.begin() + static_cast<std::ptrdiff_t>(index));
 }

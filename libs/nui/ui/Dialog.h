@@ -79,12 +79,13 @@ public:
     /// Futures that wait for an answer get DIALOG_CANCELLED.
     ~Dialog() override;
 
-    // --- Making one. It belongs to the caller and is not shown. A template that cannot be loaded is logged as "Unable to
+    // --- Making one. It belongs to the caller and is not shown. A template that cannot be loaded is logged as "Unable
+    // to
     // --- load template %s", and its exception goes on to the caller; a template that is no panel raises
     // --- `core::IllegalArgumentException` "Cannot clone %s as %s". A template's file is read once.
 
-    /// With a body, which may be null: it goes into "pBody". It is taken over, also when this fails. Without the name of
-    /// a template, "dialog".
+    /// With a body, which may be null: it goes into "pBody". It is taken over, also when this fails. Without the name
+    /// of a template, "dialog".
     static Dialog *newDialog(const char *name, const char *title, Component *body, unsigned int flags);
     static Dialog *newDialog(const char *templateName, const char *name, const char *title, Component *body,
                              unsigned int flags);
@@ -101,8 +102,8 @@ public:
     // --- Showing it
 
     /// Opens the dialog on top of everything and gives the focus to a button, to none with BUTTON_CLOSE. As soon as the
-    /// dialog is placed under the cursor, or its opening animation begins, the focus is lost again. An animation that is
-    /// open is dropped.
+    /// dialog is placed under the cursor, or its opening animation begins, the focus is lost again. An animation that
+    /// is open is dropped.
     ///
     /// The future gets the answer; any thread may wait for it, but the one that runs the dialog would wait for ever. A
     /// dialog that is shown already stays as it is, and the future is one more for its answer.

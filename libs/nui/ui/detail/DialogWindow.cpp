@@ -123,8 +123,9 @@ float CustomDialog::calculateMaximumWidth(const Container &body) const {
     const float stage = manager ? static_cast<float>(manager->getScreenWidth()) : 0;
     const ComponentSize &size = getComponentSize();
     float width = size.relative.x > 0 ? size.relative.x * stage + size.absolute.x : getMaximumWidth();
-    // A body that has a maximum height, in a window that gives no width, is not bounded by the stage: the -10 that comes
-    // out makes it as good as invisible, unless the template gives the body or the window a maximum width as well.
+    // A body that has a maximum height, in a window that gives no width, is not bounded by the stage: the -10 that
+    // comes out makes it as good as invisible, unless the template gives the body or the window a maximum width as
+    // well.
     if (!(width > 0) && !(body.getMaximumHeight() > 0))
         width = stage / 2;
     return width - BODY_INSET;
@@ -138,8 +139,8 @@ float CustomDialog::calculateMaximumHeight(const Container &body) const {
     const ComponentSize &size = getComponentSize();
     float height = size.relative.y > 0 ? size.relative.y * stage + size.absolute.y : getMaximumHeight();
     // The title counts here even when it is hidden.
-    height -= visibleHeight(&requirePart<Container>(this, "pButtons")) +
-              declaredHeight(findPart<Component>(this, "pTitle"));
+    height -=
+        visibleHeight(&requirePart<Container>(this, "pButtons")) + declaredHeight(findPart<Component>(this, "pTitle"));
     if (!(height > 0))
         height = stage / 2;
     return height - BODY_INSET;

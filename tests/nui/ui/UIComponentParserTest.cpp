@@ -41,7 +41,7 @@ core::SmartPtr<components::Panel> panel(const std::string &keys) {
 
 const char *const TYPE_WORDS[] = {
     "panel",    "button", "label",  "text",   "checkbox", "radio", //
-    "selector", "image",  "slider", "widget", "progress",
+    "selector", "image",  "slider", "widget", "progress", "combo", "listbox",
 };
 
 std::string messageOf(const std::string &text) {
@@ -425,12 +425,48 @@ TEST_F(UIComponentParserTest, ATreeAsDeepAsTheTextMayBeIsBuilt) {
 }
 
 TEST_F(UIComponentParserTest, EveryKeyWithEveryWrongKindIsSurvived) {
-    const char *keys[] = {"type", "name", "anchor", "size", "min-width", "max-width", "min-height", "max-height",
-                          "position", "scale", "event-mask", "event-mask-enable", "event-mask-disable", "class",
-                          "visible", "opacity", "enabled", "tab-stop", "background-color", "border-fix", "z-index",
-                          "scroll-mask", "layout", "clip-children", "text", "icon", "checkable", "checked", "items",
-                          "selected", "cycle", "range", "accuracy", "value", "min-value", "max-value", "show-text",
-                          "text-format", "placeholder", "password", "max-length", "children"};
+    const char *keys[] = {"type",
+                          "name",
+                          "anchor",
+                          "size",
+                          "min-width",
+                          "max-width",
+                          "min-height",
+                          "max-height",
+                          "position",
+                          "scale",
+                          "event-mask",
+                          "event-mask-enable",
+                          "event-mask-disable",
+                          "class",
+                          "visible",
+                          "opacity",
+                          "enabled",
+                          "tab-stop",
+                          "background-color",
+                          "border-fix",
+                          "z-index",
+                          "scroll-mask",
+                          "layout",
+                          "clip-children",
+                          "text",
+                          "icon",
+                          "checkable",
+                          "checked",
+                          "items",
+                          "selected",
+                          "cycle",
+                          "range",
+                          "accuracy",
+                          "value",
+                          "min-value",
+                          "max-value",
+                          "show-text",
+                          "text-format",
+                          "placeholder",
+                          "password",
+                          "max-length",
+                          "children"};
     const char *values[] = {"null", "true", "5", "-1e30", "\"word\"", "\"\"", "[]", "[1,[2],{}]", "{}", "{\"a\":1}"};
     for (const char *type : TYPE_WORDS) {
         for (const char *key : keys) {

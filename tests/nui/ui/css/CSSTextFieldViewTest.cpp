@@ -83,7 +83,7 @@ TEST_F(CSSTextFieldViewTest, HasABoxAndACaretThatIsHidden) {
     EXPECT_FALSE(caret().getPropertySet()[1]->isDefault());
     auto *alpha = static_cast<AlphaProperty *>(caret().getPropertySet()[0]);
     ASSERT_NE(alpha, nullptr);
-    EXPECT_FALSE(alpha->isBlending());
+    EXPECT_TRUE(alpha->isBlending());
     EXPECT_FALSE(alpha->isDefault());
     EXPECT_FALSE(blink().isEnabled());
 }

@@ -50,8 +50,7 @@ void Layout::addComponent(Component *component) {
     if (!component || hasComponent(component))
         return;
     const auto isAbove = [=](const Component *other) { return other->getZIndex() > component->getZIndex(); };
-    const auto place =
-        isHighest(*component) ? mOrdered.end() : std::find_if(mOrdered.begin(), mOrdered.end(), isAbove);
+    const auto place = isHighest(*component) ? mOrdered.end() : std::find_if(mOrdered.begin(), mOrdered.end(), isAbove);
     mManaged.emplace(component, mOrdered.insert(place, component));
     if (!mOwner || component->getParent() != mOwner)
         noteStranger();

@@ -40,18 +40,12 @@ struct TypeWord {
 };
 
 constexpr TypeWord TYPE_WORDS[] = {
-    {"panel", &components::Panel::TYPE},
-    {"button", &components::Button::TYPE},
-    {"label", &components::Label::TYPE},
-    {"text", &components::TextField::TYPE},
-    {"checkbox", &components::Checkbox::TYPE},
-    {"radio", &components::Radio::TYPE},
-    {"selector", &components::Selector::TYPE},
-    {"image", &components::Image::TYPE},
-    {"slider", &components::Slider::TYPE},
-    {"combo", &components::Combo::TYPE},
-    {"listbox", &components::Listbox::TYPE},
-    {"widget", &Widget::TYPE},
+    {"panel", &components::Panel::TYPE},       {"button", &components::Button::TYPE},
+    {"label", &components::Label::TYPE},       {"text", &components::TextField::TYPE},
+    {"checkbox", &components::Checkbox::TYPE}, {"radio", &components::Radio::TYPE},
+    {"selector", &components::Selector::TYPE}, {"image", &components::Image::TYPE},
+    {"slider", &components::Slider::TYPE},     {"combo", &components::Combo::TYPE},
+    {"listbox", &components::Listbox::TYPE},   {"widget", &Widget::TYPE},
     {"progress", &components::Progress::TYPE},
 };
 

@@ -79,9 +79,8 @@ public:
     /// Futures that wait for an answer get DIALOG_CANCELLED.
     ~Dialog() override;
 
-    // --- Making one. It belongs to the caller and is not shown. A template that cannot be loaded is logged as "Unable
-    // to
-    // --- load template %s", and its exception goes on to the caller; a template that is no panel raises
+    // --- Making one. It belongs to the caller and is not shown. A template that cannot be loaded is logged as
+    // --- "Unable to load template %s", and its exception goes on to the caller; one that is no panel raises
     // --- `core::IllegalArgumentException` "Cannot clone %s as %s". A template's file is read once.
 
     /// With a body, which may be null: it goes into "pBody". It is taken over, also when this fails. Without the name

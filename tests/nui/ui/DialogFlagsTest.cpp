@@ -125,7 +125,7 @@ TEST_F(DialogTest, ADialogWithABodyOfItsOwnTouchesNoIcon) {
 // --- The body's room
 
 TEST_F(DialogTest, ABodyFillsAWindowOfFixedSize) {
-    const Component::ComponentSize &size = form(Dialog::FLAG_OK)->getBody()->getComponentSize();
+    const Component::ComponentSize size = form(Dialog::FLAG_OK)->getBody()->getComponentSize();
     EXPECT_EQ(size.absolute, Vector2(-10, -70)) << "less title and answers";
     EXPECT_EQ(size.relative, Vector2(1, 1));
     EXPECT_EQ(size.autoSize, 0U);
@@ -151,7 +151,7 @@ TEST_F(DialogTest, AMissingTitleBarTakesNoRoom) {
 
 TEST_F(DialogTest, ABodyKeepsItsOwnHeightInAWindowThatFollowsIt) {
     addTemplates("", R"("size":[400,"auto"])", R"(,"size":[50,"auto",0,"auto"])");
-    const Component::ComponentSize &size = form(Dialog::FLAG_OK)->getBody()->getComponentSize();
+    const Component::ComponentSize size = form(Dialog::FLAG_OK)->getBody()->getComponentSize();
     EXPECT_EQ(size.autoSize, unsigned{Component::AUTO_SIZE_HEIGHT});
     EXPECT_EQ(size.absolute.x, -10);
     EXPECT_EQ(size.relative.x, 1);
@@ -160,7 +160,7 @@ TEST_F(DialogTest, ABodyKeepsItsOwnHeightInAWindowThatFollowsIt) {
 
 TEST_F(DialogTest, ABodyKeepsItsOwnWidthInAWindowThatFollowsIt) {
     addTemplates("", R"("size":["auto",300])", R"(,"size":["auto",60,"auto",0])");
-    const Component::ComponentSize &size = form(Dialog::FLAG_OK)->getBody()->getComponentSize();
+    const Component::ComponentSize size = form(Dialog::FLAG_OK)->getBody()->getComponentSize();
     EXPECT_EQ(size.autoSize, unsigned{Component::AUTO_SIZE_WIDTH});
     EXPECT_EQ(size.absolute.y, -70);
     EXPECT_EQ(size.relative.y, 1);
@@ -169,7 +169,7 @@ TEST_F(DialogTest, ABodyKeepsItsOwnWidthInAWindowThatFollowsIt) {
 
 TEST_F(DialogTest, AnAutomaticSideOfAFixedWindowGivesWay) {
     addTemplates("", R"("size":[400,300])", R"(,"size":["auto","auto","auto","auto"])");
-    const Component::ComponentSize &size = form(Dialog::FLAG_OK)->getBody()->getComponentSize();
+    const Component::ComponentSize size = form(Dialog::FLAG_OK)->getBody()->getComponentSize();
     EXPECT_EQ(size.autoSize, 0U);
     EXPECT_EQ(size.maximum, Vector2(0, 0));
 }

@@ -4,7 +4,7 @@
 
 namespace nurel::ui::css {
 
-/// The view of a listbox: a box. Its parts have views of their own.
+/// The view of a list and the list of a combo: a box. Its rows are labels with views of their own, and its mark is a panel.
 class CSSListboxView : public CSSView {
 public:
     static const core::Type TYPE;

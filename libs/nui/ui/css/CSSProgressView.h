@@ -4,7 +4,7 @@
 
 namespace nurel::ui::css {
 
-/// The view of a progress bar: a box. Its parts have views of their own.
+/// The view of a progress bar: a box. Its bar is a panel with a view of its own, and so is its text, a label.
 class CSSProgressView : public CSSView {
 public:
     static const core::Type TYPE;

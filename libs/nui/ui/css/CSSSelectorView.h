@@ -4,7 +4,7 @@
 
 namespace nurel::ui::css {
 
-/// The view of a selector: a box. Its parts have views of their own.
+/// The view of a selector: a box. Its text is a label and its buttons are panels, with views of their own.
 class CSSSelectorView : public CSSView {
 public:
     static const core::Type TYPE;

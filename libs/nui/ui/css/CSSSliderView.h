@@ -4,7 +4,7 @@
 
 namespace nurel::ui::css {
 
-/// The view of a slider: a box. Its parts have views of their own.
+/// The view of a slider: a box. Its thumb is a component with a view of its own.
 class CSSSliderView : public CSSView {
 public:
     static const core::Type TYPE;

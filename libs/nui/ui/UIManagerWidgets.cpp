@@ -22,6 +22,7 @@ void UIManager::queueWidget(WidgetQueueEntry::Action action, Widget *widget) {
 }
 
 void UIManager::addWidget(Widget *widget, Component *) {
+    const core::SmartPtr<Widget> kept(widget); // goes here when the queue does not take it and nobody else holds it
     if (widget)
         queueWidget(WidgetQueueEntry::ADD, widget);
 }

@@ -423,7 +423,10 @@ TEST_F(CSSViewTest, OutlivesItsComponent) {
     mWidget->removeChild(panel.get());
     panel = nullptr;
     viewOf(*mWidget).updateView();
+    EXPECT_EQ(view->getComponent(), nullptr);
+    const Vector3 before = view->getTranslation();
     view->updateView();
     view->updateInternal(0, true);
-    SUCCEED();
+    EXPECT_EQ(view->getTranslation(), before);
+    EXPECT_TRUE(static_cast<const CSSView &>(*view).getStylable().getProperties().empty());
 }

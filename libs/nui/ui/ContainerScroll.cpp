@@ -13,7 +13,7 @@ namespace nurel::ui {
 namespace {
 
 /// A bar is a panel, which has bars itself when nothing fits into it, as inside a padding that is wider than the bar.
-/// What ends, ends far ahead of this depth.
+/// The bars of a bar have none themselves.
 constexpr unsigned int MAXIMUM_NESTED_BARS = 2;
 
 } // namespace

@@ -290,7 +290,7 @@ core::Future<DialogResult> Dialog::showModal(ButtonType focus) {
     const Keeper self(this);
     UIManager &manager = UIManager::getSingleton();
     // 7. comes ahead: a listener of the focus may answer already
-    const core::Future<DialogResult> future = newFuture();
+    core::Future<DialogResult> future = newFuture();
     {
         const core::Lock lock(mMODAL_STACK_SECTION);
         if (std::find(mMODAL_STACK.begin(), mMODAL_STACK.end(), this) != mMODAL_STACK.end())

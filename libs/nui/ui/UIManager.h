@@ -61,8 +61,9 @@ public:
     UIManager(const UIManager &) = delete;
     UIManager &operator=(const UIManager &) = delete;
 
-    /// Ends the manager, with its skins, templates, widgets and animations. Harmless when there is none. A later use
-    /// makes a new one. From inside a callback it takes effect when the manager's outermost operation has ended.
+    /// Ends the manager, with its dialogs, skins, templates, widgets and animations. Harmless when there is none. A
+    /// later use makes a new one. From inside a callback it takes effect when the manager's outermost operation has
+    /// ended.
     static void shutdown();
 
     // --- widgets ---

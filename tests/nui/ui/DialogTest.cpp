@@ -259,6 +259,17 @@ TEST_F(DialogTest, AnyPanelThatIsRegisteredBecomesAWindow) {
     EXPECT_EQ(second->getFlags(), Dialog::FLAG_YES);
 }
 
+TEST_F(DialogTest, AWindowThatIsClonedKeepsItsFlagsSoTheSameWordChangesNothing) {
+    const core::SmartPtr<Dialog> first = form(Dialog::FLAG_YES);
+    part<Component>(first, "bYes").setVisible(false);
+    factory().registerTemplate("window", first->getWindow());
+    Component *none = nullptr;
+    const core::SmartPtr<Dialog> second = Dialog::newDialog("window", "n", "T", none, Dialog::FLAG_YES);
+    EXPECT_FALSE(second->getButton(Dialog::BUTTON_YES)->isSelfVisible());
+    second->setFlags(Dialog::FLAG_YES | Dialog::FLAG_NO);
+    EXPECT_TRUE(second->getButton(Dialog::BUTTON_YES)->isSelfVisible());
+}
+
 struct MissingPart {
     const char *part;
     const char *classWord;

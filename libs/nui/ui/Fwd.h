@@ -28,6 +28,7 @@ class MouseEvent;
 class Skin;
 class SkinManager;
 class TextEvent;
+class Transition;
 class UIComponentFactory;
 class UIComponentParser;
 class UIEvent;
@@ -56,6 +57,7 @@ class ComboList;
 class Image;
 class Label;
 class Listbox;
+class NavigationBar;
 class Panel;
 class Progress;
 class Radio;
@@ -63,6 +65,10 @@ class Selector;
 class Slider;
 class TextField;
 } // namespace components
+
+namespace handlers {
+class NavigationHandler;
+} // namespace handlers
 
 namespace layouts {
 class FlowLayout;

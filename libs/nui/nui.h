@@ -98,6 +98,8 @@
 #include "nui/ui/css/Transform.h"
 #include "nui/ui/css/VerticalAlign.h"
 #include "nui/ui/css/ZIndex.h"
+#include "nui/ui/handlers/CoverFlowHandler.h"
+#include "nui/ui/handlers/DataProvider.h"
 #include "nui/ui/handlers/NavigationHandler.h"
 #include "nui/ui/layouts/FlowLayout.h"
 #include "nui/ui/layouts/FormLayout.h"

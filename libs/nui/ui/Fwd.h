@@ -67,6 +67,8 @@ class TextField;
 } // namespace components
 
 namespace handlers {
+class CoverFlowHandler;
+class DataProvider;
 class NavigationHandler;
 } // namespace handlers
 

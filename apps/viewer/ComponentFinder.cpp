@@ -7,7 +7,12 @@
 #include "nui/ui/Widget.h"
 #include "nui/ui/components/Button.h"
 #include "nui/ui/components/Checkbox.h"
+#include "nui/ui/components/Combo.h"
 #include "nui/ui/components/Label.h"
+#include "nui/ui/components/Listbox.h"
+#include "nui/ui/components/Progress.h"
+#include "nui/ui/components/Selector.h"
+#include "nui/ui/components/Slider.h"
 #include "nui/ui/components/TextField.h"
 
 #include <string_view>
@@ -67,7 +72,7 @@ unsigned int countEntries(const Container &container) {
 
 const char *getComponentText(const Component &component) {
     if (component.instanceOf(components::TextField::TYPE))
-        return static_cast<const components::TextField &>(component).getText(); // the real one, also when it is masked
+        return static_cast<const components::TextField &>(component).getText();
     const components::Label *label = nullptr;
     if (component.instanceOf(components::Label::TYPE))
         label = static_cast<const components::Label *>(&component);
@@ -75,6 +80,10 @@ const char *getComponentText(const Component &component) {
         label = static_cast<const components::Button &>(component).getLabel();
     else if (component.instanceOf(components::Checkbox::TYPE))
         label = static_cast<const components::Checkbox &>(component).getLabel();
+    else if (component.instanceOf(components::Selector::TYPE))
+        label = static_cast<const components::Selector &>(component).getItem();
+    else if (component.instanceOf(components::Progress::TYPE))
+        label = static_cast<const components::Progress &>(component).getLabel();
     return label ? label->getText() : nullptr;
 }
 
@@ -82,6 +91,24 @@ bool isComponentChecked(const Component &component) {
     if (component.instanceOf(components::Checkbox::TYPE))
         return static_cast<const components::Checkbox &>(component).isChecked();
     return component.hasState(Component::STATE_CHECKED);
+}
+
+std::optional<float> getComponentValue(const Component &component) {
+    if (component.instanceOf(components::Slider::TYPE))
+        return static_cast<const components::Slider &>(component).getValue();
+    if (component.instanceOf(components::Progress::TYPE))
+        return static_cast<float>(static_cast<const components::Progress &>(component).getValue());
+    return std::nullopt;
+}
+
+std::optional<int> getComponentSelection(const Component &component) {
+    if (component.instanceOf(components::Selector::TYPE))
+        return static_cast<const components::Selector &>(component).getSelectedIndex();
+    if (component.instanceOf(components::Listbox::TYPE))
+        return static_cast<const components::Listbox &>(component).getSelectedIndex();
+    if (component.instanceOf(components::Combo::TYPE))
+        return static_cast<const components::Combo &>(component).getSelectedIndex();
+    return std::nullopt;
 }
 
 Vector2 getScreenCenter(const Component &component) {

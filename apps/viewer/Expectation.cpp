@@ -2,6 +2,7 @@
 
 #include "ComponentFinder.h"
 #include "JsonWriter.h"
+#include "ScriptDialogs.h"
 #include "Session.h"
 
 #include "nmain/json/JSObject.h"
@@ -12,6 +13,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
+#include <optional>
 
 namespace viewer {
 
@@ -30,6 +32,13 @@ std::string toText(bool flag) {
 std::string toText(const nurel::math::Vector2 &v) {
     std::string text;
     JsonWriter(text).beginArray().value(v.x).value(v.y).endArray();
+    return text;
+}
+
+template <class Number>
+std::string toText(Number number) {
+    std::string text;
+    JsonWriter(text).value(number);
     return text;
 }
 
@@ -96,9 +105,21 @@ Finding checkSize(const JSObject &expected, const Component &component) {
     return compareVector(expected, component.getSize());
 }
 
-/// No class so far has a value or a selection to compare.
-Finding checkNothingToCompare(const JSObject &, const Component &component) {
-    return differ("a value", std::string("a ") + component.getType().getName() + ", which has none");
+/// `actual` is nothing where the class of the component has none to compare.
+template <class Number>
+Finding compareNumber(const JSObject &expected, const std::optional<Number> &actual, const Component &component) {
+    const float wanted = expected.asFloat(0);
+    if (!actual)
+        return "expected " + toText(wanted) + ", actual: a " + component.getType().getName() + " has none";
+    return isClose(wanted, static_cast<float>(*actual)) ? Finding() : differ(toText(wanted), toText(*actual));
+}
+
+Finding checkValue(const JSObject &expected, const Component &component) {
+    return compareNumber(expected, getComponentValue(component), component);
+}
+
+Finding checkSelected(const JSObject &expected, const Component &component) {
+    return compareNumber(expected, getComponentSelection(component), component);
 }
 
 bool isFlag(const JSObject &value) {
@@ -139,11 +160,10 @@ struct ComponentKey {
 };
 
 constexpr ComponentKey COMPONENT_KEYS[] = {
-    {"visible", isFlag, checkVisible},          {"enabled", isFlag, checkEnabled},
-    {"focused", isFlag, checkFocused},          {"hovered", isFlag, checkHovered},
-    {"checked", isFlag, checkChecked},          {"text", isText, checkText},
-    {"position", isPair, checkPosition},        {"size", isPair, checkSize},
-    {"value", isNumber, checkNothingToCompare}, {"selected", isNumber, checkNothingToCompare},
+    {"visible", isFlag, checkVisible},     {"enabled", isFlag, checkEnabled}, {"focused", isFlag, checkFocused},
+    {"hovered", isFlag, checkHovered},     {"checked", isFlag, checkChecked}, {"text", isText, checkText},
+    {"position", isPair, checkPosition},   {"size", isPair, checkSize},       {"value", isNumber, checkValue},
+    {"selected", isNumber, checkSelected},
 };
 
 /// The keys that are about no component's property.
@@ -152,7 +172,7 @@ struct OtherKey {
     bool (*accepts)(const JSObject &value);
 };
 
-constexpr OtherKey OTHER_KEYS[] = {{"name", isText}, {"exists", isFlag}, {"pixel", isPixel}};
+constexpr OtherKey OTHER_KEYS[] = {{"name", isText}, {"exists", isFlag}, {"answer", isText}, {"pixel", isPixel}};
 
 Finding checkPixel(const JSObject &expected, Session &session) {
     const Session::Picture picture = session.capture();
@@ -183,12 +203,20 @@ Finding checkPixel(const JSObject &expected, Session &session) {
     return same ? Finding() : differ(wanted, actual);
 }
 
+Finding checkAnswer(const JSObject &expected, const char *name, Session &session) {
+    const char *actual = session.getDialogs().getAnswer(name);
+    const char *wanted = expected.asString("");
+    const bool same = actual && std::strcmp(actual, wanted) == 0;
+    return same ? Finding() : differ(quote(wanted), actual ? quote(actual) : "no such dialog");
+}
+
 void addFailure(std::vector<std::string> &failures, const std::string &subject, const Finding &finding) {
     if (!finding.empty())
         failures.push_back(subject + ": " + finding);
 }
 
-void checkComponent(const JSObject &expectation, const char *name, std::vector<std::string> &failures) {
+void checkComponent(const JSObject &expectation, const char *name, Session &session,
+                    std::vector<std::string> &failures) {
     const Component *component = findComponent(name);
     const std::string subject = std::string("'") + name + "'";
     if (expectation.hasKey("exists"))
@@ -202,6 +230,8 @@ void checkComponent(const JSObject &expectation, const char *name, std::vector<s
         else
             addFailure(failures, what, entry.check(*expectation.get(entry.key), *component));
     }
+    if (expectation.hasKey("answer"))
+        addFailure(failures, subject + " answer", checkAnswer(*expectation.get("answer"), name, session));
     const bool onlyName = expectation.getLength() == 1;
     if (onlyName && !component)
         addFailure(failures, subject + " exists", differ("true", "false"));
@@ -212,7 +242,7 @@ void checkComponent(const JSObject &expectation, const char *name, std::vector<s
 std::vector<std::string> checkExpectation(const JSObject &expectation, Session &session) {
     std::vector<std::string> failures;
     if (const char *name = expectation.getString("name", nullptr))
-        checkComponent(expectation, name, failures);
+        checkComponent(expectation, name, session, failures);
     if (expectation.hasKey("pixel"))
         addFailure(failures, "pixel", checkPixel(*expectation.get("pixel"), session));
     return failures;
@@ -231,7 +261,7 @@ std::string findExpectationFault(const JSObject &expectation) {
         const JSObject &value = *expectation.get(key);
         if (!(isComponentKey ? component->accepts(value) : other->accepts(value)))
             return std::string("'") + key + "' has a value of the wrong kind";
-        needsName = needsName || isComponentKey || std::strcmp(key, "exists") == 0;
+        needsName = needsName || isComponentKey || std::strcmp(key, "exists") == 0 || std::strcmp(key, "answer") == 0;
     }
     if (needsName && !expectation.hasKey("name"))
         return "'expect' wants a 'name'";

@@ -16,6 +16,7 @@ const char *const USAGE =
     "  --png OUT.png         draw off-screen and save what is shown at the end\n"
     "  --frames N            end after N frames\n"
     "  --script EVENTS.json  play input, 60 frames a second\n"
+    "  --stay                go on after the script, until the window closes or for the frames of --frames\n"
     "  --trace OUT.jsonl     write every event, focus change and hover change\n"
     "  --dump OUT.json       write the component tree at the end\n"
     "  --headless            draw off-screen, without a window\n"
@@ -86,8 +87,10 @@ struct Switch {
     bool Options::*field;
 };
 
-constexpr Switch SWITCHES[] = {
-    {"--headless", &Options::headless}, {"--verbose", &Options::verbose}, {"--help", &Options::help}};
+constexpr Switch SWITCHES[] = {{"--headless", &Options::headless},
+                               {"--stay", &Options::stay},
+                               {"--verbose", &Options::verbose},
+                               {"--help", &Options::help}};
 
 bool readSwitch(const char *argument, Options &options) {
     for (const Switch &entry : SWITCHES) {

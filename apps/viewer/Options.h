@@ -21,6 +21,7 @@ struct Options {
     float scale = 1; ///< UI pixels per screen pixel
     int frames = -1; ///< how many to run; -1: until the window closes, or a few off-screen
     bool headless = false;
+    bool stay = false; ///< go on after the script as without one
     bool verbose = false;
     bool help = false;
 

@@ -1,5 +1,6 @@
 #include "Screen.h"
 
+#include "AssetFolder.h"
 #include "RestylingSkin.h"
 
 #include "nengine/texture/ImageFile.h"
@@ -49,6 +50,7 @@ std::vector<std::string> listFolders(const std::string &screen, const StyleSheet
         if (std::find(folders.begin(), folders.end(), folder) == folders.end())
             folders.push_back(folder);
     }
+    folders.push_back(findAssets() + "/dialogs");
     return folders;
 }
 

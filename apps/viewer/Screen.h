@@ -23,7 +23,8 @@ class RestylingSkin;
 
 /// The template that is shown, as a widget under the sheets, or under the style-free skin when there are none; a root
 /// of another class is put into a widget that fills the stage. Templates and images are looked up in the folder of the
-/// screen and then in those of the sheets. Lives no longer than the `UIManager`.
+/// screen, then in those of the sheets, and then among the ready templates of dialogs. Lives no longer than the
+/// `UIManager`.
 class Screen {
 public:
     /// Sets up skin, templates and texts; raises a `core::Exception` when the screen or a sheet cannot be read.

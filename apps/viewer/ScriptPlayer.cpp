@@ -2,6 +2,7 @@
 
 #include "ComponentFinder.h"
 #include "Expectation.h"
+#include "ScriptDialogs.h"
 #include "Session.h"
 
 #include "ninput/input/InputSystem.h"
@@ -215,6 +216,14 @@ void playDump(Play &play, const JSObject &value, const JSObject &) {
     play.session.saveDump(value.asString(""));
 }
 
+void playDialog(Play &play, const JSObject &value, const JSObject &) {
+    try {
+        play.session.getDialogs().play(value);
+    } catch (const core::Exception &e) {
+        play.complain(e.getMessage());
+    }
+}
+
 void playExpect(Play &play, const JSObject &value, const JSObject &) {
     for (const std::string &failure : checkExpectation(value, play.session))
         play.complain(failure);
@@ -247,8 +256,18 @@ constexpr StepKind STEPS[] = {
     {"scale", isPositive, "a number above 0", playScale, nullptr, nullptr},
     {"png", isText, "a file name", playPng, nullptr, nullptr},
     {"dump", isText, "a file name", playDump, nullptr, nullptr},
+    {"dialog", isObject, "an object", playDialog, nullptr, nullptr},
     {"expect", isObject, "an object", playExpect, nullptr, nullptr},
 };
+
+/// What is wrong inside a value of the right form; empty when nothing is.
+std::string findFault(const StepKind &kind, const JSObject &value) {
+    if (std::strcmp(kind.key, "expect") == 0)
+        return findExpectationFault(value);
+    if (std::strcmp(kind.key, "dialog") == 0)
+        return ScriptDialogs::findFault(value);
+    return {};
+}
 
 const StepKind *findKind(const JSObject &step) {
     for (const StepKind &kind : STEPS) {
@@ -292,11 +311,9 @@ void ScriptPlayer::check(unsigned int step) const {
         if (isOption && !kind->acceptsOption(*json.get(name)))
             fail(step, std::string("'") + name + "' has a value of the wrong kind");
     }
-    if (std::strcmp(kind->key, "expect") == 0) {
-        const std::string fault = findExpectationFault(*json.get(kind->key));
-        if (!fault.empty())
-            fail(step, fault);
-    }
+    const std::string fault = findFault(*kind, *json.get(kind->key));
+    if (!fault.empty())
+        fail(step, fault);
 }
 
 bool ScriptPlayer::play(Session &session) {

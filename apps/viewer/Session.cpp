@@ -60,6 +60,7 @@ double Session::getTime() const {
 
 void Session::runFrame() {
     mEngine->advance(FRAME_SECONDS);
+    mDialogs.beginFrame();
     updateToolkit();
     if (mTrace)
         mTrace->frameEnded();
@@ -93,7 +94,10 @@ void Session::reloadChanged() {
     if (now - mLastReload < TIME_BETWEEN_RELOADS)
         return;
     mLastReload = now;
+    const nurel::ui::Widget *before = mScreen->getWidget();
     mScreen->reloadChanged(now);
+    if (mScreen->getWidget() != before)
+        mDialogs.bindAgain();
 }
 
 void Session::run() {

@@ -4,6 +4,7 @@
 #include "Host.h"
 #include "Options.h"
 #include "Screen.h"
+#include "ScriptDialogs.h"
 
 #include "nengine/Engine.h"
 
@@ -48,6 +49,8 @@ public:
 
     double getTime() const;
 
+    ScriptDialogs &getDialogs() { return mDialogs; }
+
 private:
     void updateToolkit();
     void reloadChanged();
@@ -62,6 +65,7 @@ private:
         ~Toolkit();
     } mToolkit; ///< ends the manager ahead of the engine, also when the screen cannot be loaded
     std::unique_ptr<Screen> mScreen;
+    ScriptDialogs mDialogs;
     std::chrono::steady_clock::time_point mLastReload;
     std::unique_ptr<EventTrace> mTrace; ///< ends first: what the end of the others sends is no part of the run
 };

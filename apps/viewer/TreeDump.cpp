@@ -81,6 +81,10 @@ void writeState(JsonWriter &json, const Component &component) {
     json.field("focused", UIManager::getSingleton().getFocus() == &component);
     if (const char *text = getComponentText(component))
         json.field("text", text);
+    if (const std::optional<float> value = getComponentValue(component))
+        json.field("value", *value);
+    if (const std::optional<int> selected = getComponentSelection(component))
+        json.field("selected", *selected);
 }
 
 /// The rules that match a component whose view a sheet styles, in the states in which the view stands.

@@ -21,7 +21,7 @@ ExitStatus show(const viewer::Options &options) {
     bool passed = true;
     if (script)
         passed = script->play(session);
-    else
+    if (!script || options.stay)
         session.run();
     if (!options.png.empty())
         session.savePicture(options.png);

@@ -24,6 +24,12 @@ if(hidden)
     message(FATAL_ERROR "headers that nobody may include were installed: ${hidden}")
 endif()
 
+foreach(asset dialogs/dialog.ui dialogs/dialog-icon-body.ui style/light.css style/light/card.png screens/settings.ui)
+    if(NOT EXISTS ${prefix}/share/nui/${asset})
+        message(FATAL_ERROR "${asset} was not installed")
+    endif()
+endforeach()
+
 run_step("configuring the project" ${CMAKE_COMMAND} -S ${CONSUMER} -B ${WORK_FOLDER}/build -G ${GENERATOR}
     -D CMAKE_BUILD_TYPE=${CONFIGURATION} -D CMAKE_CXX_COMPILER=${COMPILER}
     -D CMAKE_CXX_COMPILER_LAUNCHER=${LAUNCHER} -D CMAKE_PREFIX_PATH=${prefix})

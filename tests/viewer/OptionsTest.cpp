@@ -43,7 +43,7 @@ TEST(Options, EveryOptionIsRead) {
     const Options options =
         parse({"--size",   "640x480", "--scale",   "1.5",        "--png",  "o.png",   "--frames", "7",
                "--script", "s.json",  "--trace",   "t.jsonl",    "--dump", "d.json",  "--font",   "f.ttf",
-               "--locale", "de",      "--verbose", "--headless", "a.ui",   "--style", "look.css"});
+               "--locale", "de",      "--verbose", "--headless", "a.ui",   "--style", "look.css", "--stay"});
     EXPECT_EQ(options.width, 640U);
     EXPECT_EQ(options.height, 480U);
     EXPECT_FLOAT_EQ(options.scale, 1.5F);
@@ -57,6 +57,7 @@ TEST(Options, EveryOptionIsRead) {
     EXPECT_EQ(options.styles, std::vector<std::string>{"look.css"});
     EXPECT_TRUE(options.verbose);
     EXPECT_TRUE(options.headless);
+    EXPECT_TRUE(options.stay);
     EXPECT_EQ(options.screen, "a.ui");
 }
 

@@ -1,65 +1,11 @@
-// The program itself, started as a user would, without a display.
+// The program itself: options, scripts, trace, dump, sheets, faults.
+#include "ViewerProgram.h"
+
 #include "nengine/texture/ImageFile.h"
-#include "nmain/json/JSObject.h"
-#include "nmain/stream/InputStream.h"
 
-#include <gtest/gtest.h>
-
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <memory>
-#include <sstream>
-#include <sys/wait.h>
-
-namespace {
+namespace viewer {
 
 using nurel::json::JSObject;
-
-class ViewerProgram : public testing::Test {
-protected:
-    void SetUp() override {
-        const auto *info = testing::UnitTest::GetInstance()->current_test_info();
-        folder = std::filesystem::temp_directory_path() / (std::string("nui-viewer-") + info->name());
-        std::filesystem::remove_all(folder);
-        std::filesystem::create_directories(folder);
-        write("screen.ui", SCREEN);
-    }
-
-    void TearDown() override { std::filesystem::remove_all(folder); }
-
-    void write(const std::string &name, const std::string &text) const { std::ofstream(folder / name) << text; }
-
-    std::string read(const std::string &name) const {
-        std::ifstream file(folder / name, std::ios::binary);
-        std::stringstream text;
-        text << file.rdbuf();
-        return text.str();
-    }
-
-    std::unique_ptr<JSObject> readJson(const std::string &text) const {
-        nurel::stream::MemoryInputStream stream("output", text);
-        return std::unique_ptr<JSObject>(JSObject::parse(&stream));
-    }
-
-    /// Runs the viewer in the test's folder and gives its exit status.
-    int run(const std::string &arguments) const {
-        const std::string command = "cd '" + folder.string() + "' && env -u DISPLAY -u WAYLAND_DISPLAY '" VIEWER "' " +
-                                    arguments + " >out.txt 2>err.txt </dev/null";
-        const int status = std::system(command.c_str());
-        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    }
-
-    static constexpr const char *SCREEN = R"({"type":"widget","name":"stage","size":[0,0,1,1],"children":[
-        {"type":"panel","name":"form","size":[400,200],"children":[
-            {"type":"label","name":"ok","size":[100,40],"text":"OK","tab-stop":0,"event-mask-enable":["focus","click","key","text"]}]},
-        {"type":"label","name":"ok","size":[50,20],"position":[0,-300],"text":"other","tab-stop":1}]})";
-    static constexpr const char *PLAIN = "screen.ui --font '" TEST_FONT "'";
-
-    std::filesystem::path folder;
-};
-
-} // namespace
 
 TEST_F(ViewerProgram, DrawsAPictureOfTheAskedSizeWithoutADisplay) {
     ASSERT_EQ(run(std::string(PLAIN) + " --size 640x480 --png out.png"), 0) << read("err.txt");
@@ -252,3 +198,5 @@ TEST_F(ViewerProgram, TextsComeFromTheCatalogueOfTheLocale) {
     EXPECT_EQ(run("greet.ui --font '" TEST_FONT "' --headless --locale de_AT --script script.json"), 0)
         << read("err.txt");
 }
+
+} // namespace viewer

@@ -6,6 +6,7 @@
 #include "nui/ui/Widget.h"
 #include "nui/ui/components/Image.h"
 #include "nui/ui/components/Label.h"
+#include "nui/ui/detail/ClickDistance.h"
 #include "nui/ui/detail/ManagerAccess.h"
 
 namespace nurel::ui::components {
@@ -78,9 +79,14 @@ ComboList *Combo::getList() {
     return mList.get();
 }
 
+int Combo::getSelectedIndex() const {
+    return mList ? mList->getSelectedIndex() : -1;
+}
+
 void Combo::adoptList(ComboList *list) {
     mList = list;
     mSelectionId = list->SelectionCallbacks::subscribeCallback(this, &Combo::itemSelected);
+    mListClickId = list->ClickCallbacks::subscribeCallback(this, &Combo::listClicked);
 }
 
 void Combo::releaseList() {
@@ -89,6 +95,8 @@ void Combo::releaseList() {
         return;
     mList->SelectionCallbacks::unsubscribeCallback(mSelectionId);
     mSelectionId = 0;
+    mList->ClickCallbacks::unsubscribeCallback(mListClickId);
+    mListClickId = 0;
     if (mList->mOwner == this)
         mList->mOwner = nullptr;
     mList = nullptr;
@@ -137,8 +145,15 @@ bool Combo::itemSelected(Listbox *, int) {
 }
 
 bool Combo::closeList(UIEventHandler *, const ClickEvent &) {
-    removeListWidget();
+    leaveWidget();
     return true;
+}
+
+/// Outside the rows, too, and on the one that is selected already. A drag has scrolled.
+bool Combo::listClicked(UIEventHandler *, const ClickEvent &event) {
+    if (mWidget && mList->isDescendantOf(mWidget.get()) && detail::isInPlace(event))
+        leaveWidget();
+    return false;
 }
 
 /// The widget that the list is in, wherever it has been put. It goes with the next frame's events.

@@ -106,7 +106,11 @@ Listbox::Listbox(const char *name) : Container(name, ELEMENT), mCheck(new Listbo
 
 Listbox::Listbox(const Listbox &) = default;
 Listbox &Listbox::operator=(const Listbox &) = default;
-Listbox::~Listbox() = default;
+
+Listbox::~Listbox() {
+    std::deque<ItemEntry> released; // their data may look at the list as it goes
+    released.swap(mItems);
+}
 
 // --- Rows
 
@@ -372,49 +376,6 @@ void Listbox::removeClasses() {
         if (entry.item)
             entry.item->removeClasses();
     }
-}
-
-// --- The mark
-
-void Listbox::updateContent() {
-    updateCheck();
-    Container::updateContent();
-}
-
-void Listbox::updateCheck() {
-    if (!mCheck)
-        return;
-    const Keeper self(this); // hiding and removing it may call back
-    const Label *row = getRow(mSelectedIndex);
-    mCheck->setVisible(row && row->isSelfVisible());
-    row = getRow(mSelectedIndex);
-    if (!row)
-        return;
-    mCheck->setPosition(math::Vector2(row->getPosition().x, row->getPosition().y), math::Vector2::ZERO);
-    if (!isCheckOnTop())
-        raiseCheck();
-}
-
-/// Behind all children but those with a higher z-index, which raising does not get past.
-bool Listbox::isCheckOnTop() const {
-    const unsigned int count = getChildCount();
-    if (count > 0 && getChildAt(count - 1) == mCheck.get())
-        return true;
-    const int index = getChildIndex(mCheck.get());
-    const unsigned int next = static_cast<unsigned int>(index) + 1;
-    return index >= 0 && (next >= count || getChildAt(next)->getZIndex() > mCheck->getZIndex());
-}
-
-void Listbox::raiseCheck() {
-    const core::SmartPtr<Panel> check = mCheck;
-    if (!check)
-        return;
-    if (check->getParent() == this) {
-        setChildState(*check, check->getState() & ~STATE_HOVER); // nobody will tell it that the cursor has left
-        removeChild(check.get());
-    }
-    if (!check->hasParent())
-        _addChild(check.get(), false);
 }
 
 // --- View and clone

@@ -136,6 +136,7 @@ public:
 protected:
     ComponentView *visit(Skin *skin) override;
     void updateContent() override;
+    void updateLayout() override;
 
     using Container::processEvent;
     UIEventHandler *processEvent(const KeyEvent &event) override;
@@ -153,6 +154,8 @@ private:
     void darkenFocusRow();
     void postSort(Component *selected);
     void updateCheck();
+    void placeCheck();
+    math::Vector2 getInset() const;
     void raiseCheck();
     bool isCheckOnTop() const;
     void copyItems(Listbox &target, core::CloningOptions &options) const;

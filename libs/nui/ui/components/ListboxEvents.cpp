@@ -2,8 +2,8 @@
 #include "nui/ui/components/Listbox.h"
 
 #include "ninput/input/Keyboard.h"
-#include "nui/ui/UIManager.h"
 #include "nui/ui/components/Label.h"
+#include "nui/ui/detail/ClickDistance.h"
 
 #include <algorithm>
 
@@ -33,11 +33,7 @@ void Listbox::pressed(const MouseEvent &event) {
 }
 
 void Listbox::clicked(const ClickEvent &event) {
-    const CursorPosition &from = event.getPressPosition();
-    const CursorPosition &to = event.getCursor();
-    const float dx = static_cast<float>(static_cast<long long>(to.x) - from.x);
-    const float dy = static_cast<float>(static_cast<long long>(to.y) - from.y);
-    if (dx * dx + dy * dy < UIManager::MIN_DRAG_DISTANCE_SQR) {
+    if (detail::isInPlace(event)) {
         const int index = getHitChildIndex(event);
         if (index >= 0 && index == mPressedIndex) {
             setSelectedIndex(index, true);

@@ -27,6 +27,20 @@ namespace {
 constexpr float CARET_WIDTH = 2;
 constexpr float CARET_ALPHA = 0.5f;
 
+/// The first label below the container, depth first.
+components::Label *findLabel(const Container &container) {
+    for (unsigned int i = 0; i < container.getChildCount(); ++i) {
+        Component *child = container.getChildAt(i);
+        if (child->instanceOf(components::Label::TYPE))
+            return static_cast<components::Label *>(child);
+        if (!child->isContainer())
+            continue;
+        if (components::Label *found = findLabel(*static_cast<Container *>(child)))
+            return found;
+    }
+    return nullptr;
+}
+
 } // namespace
 
 CSSTextFieldView::CSSTextFieldView(TextField *field, CSSSkin *skin) : CSSView("CSSTextFieldView", field, skin) {}
@@ -69,7 +83,7 @@ void CSSTextFieldView::updateView() {
     if (!getComponent() || !mCaret)
         return;
     // 2.
-    followLabel();
+    findText();
     // 3.
     const bool hasFocus =
         mTextMesh && UIManager::isSingletonCreated() && UIManager::getSingleton().getFocus() == getComponent();
@@ -78,10 +92,12 @@ void CSSTextFieldView::updateView() {
     mCaretPending = hasFocus;
 }
 
-/// The field may get another label. What lies in it besides, the placeholder for one, is not where the caret stands.
-void CSSTextFieldView::followLabel() {
-    const auto &field = static_cast<const TextField &>(*getComponent());
-    mLabel = field.hasLabel() ? field.getLabel() : nullptr;
+/// What is found stays, until it leaves the field or loses its view. It need not be the field's own label: one that
+/// stands ahead of that takes the caret.
+void CSSTextFieldView::findText() {
+    if (mTextMesh && mLabel->hasView() && mLabel->isDescendantOf(getComponent()))
+        return;
+    mLabel = findLabel(*static_cast<const TextField *>(getComponent()));
     const ComponentView *view = mLabel ? mLabel->getView() : nullptr;
     mTextMesh =
         view && view->instanceOf(CSSLabelView::TYPE) ? static_cast<const CSSLabelView *>(view)->getTextMesh() : nullptr;
@@ -107,11 +123,10 @@ void CSSTextFieldView::placeCaret() {
     const font::Font *font = mTextMesh->getFont();
     const math::Vector2 size(CARET_WIDTH, font ? font->getHeight() * mTextMesh->getScale() : 0);
     mCaret->setSize(size);
-    // 3. The label's padding moves its text
+    // 3. The label's padding moves its text; that the text stands on whole pixels is not for the caret
     const math::Vector3 &label = mLabel->getParentRelativePosition();
-    const math::Vector3 &inside = mTextMesh->getTranslation();
-    mCaret->setTranslation(math::Vector3(label.x + inside.x + position.x + size.x * 0.5f,
-                                         label.y + inside.y + position.y + size.y * 0.5f, label.z));
+    const math::Vector2 place = position + getInnerOffset(*mLabel) + size * 0.5f;
+    mCaret->setTranslation(math::Vector3(label.x + place.x, label.y + place.y, label.z));
     // 4. It is cut off where the text is
     mCaret->setProperty(mLabel->getView()->getProperty(scene::Property::STENCIL));
 }

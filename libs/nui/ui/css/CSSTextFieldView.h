@@ -12,6 +12,9 @@ namespace nurel::ui::css {
 
 /// The view of a text field: a box with a caret over it, which blinks while the field has the focus. The colour of the
 /// field is the caret's; that of the text comes from the rules for its label.
+///
+/// The caret stands in the first label among the field's descendants, depth first. That is the field's own, unless the
+/// field was given another one ahead of it: add labels to a field only after its text or its placeholder.
 class CSSTextFieldView : public CSSView {
 public:
     static const core::Type TYPE;
@@ -34,12 +37,12 @@ protected:
     void apply(const Property *property) override;
 
 private:
-    void followLabel();
+    void findText();
     void placeCaret();
 
     scene::meshes::SizeableRectangleMesh *mCaret = nullptr; ///< the overlay's
-    core::SmartPtr<components::Label> mLabel;
-    core::SmartPtr<scene::meshes::TextMesh> mTextMesh; ///< the label's view's; null until that is built
+    core::SmartPtr<components::Label> mLabel;               ///< in which the caret stands
+    core::SmartPtr<scene::meshes::TextMesh> mTextMesh;      ///< the label's view's; null until that is built
     bool mCaretPending = false;
 };
 

@@ -12,6 +12,8 @@
 #include "nui/ui/components/TextField.h"
 #include "nui/ui/css/StyleTest.h"
 
+#include <cmath>
+
 using namespace nurel::ui;
 using components::TextField;
 using css::CSSTextFieldView;
@@ -192,18 +194,76 @@ TEST_F(CSSTextFieldViewTest, TheColourOfTheFieldIsTheCarets) {
 
 TEST_F(CSSTextFieldViewTest, FollowsTheFieldsLabel) {
     addField();
-    mField->addChild(new Label("decoration"));
     mField->setText("abc");
+    mField->addChild(new Label("decoration"));
     mField->setFocus();
     frame();
     EXPECT_NEAR(caretPlace().x, cell(3), 0.6f);
-    mField->removeChild(mField->getLabel());
+    mField->clearChildren();
     frame();
-    EXPECT_TRUE(caret().isHidden());
+    EXPECT_TRUE(caret().isHidden()); // there is no label
     mField->insertText("d");
     frame();
     EXPECT_FALSE(caret().isHidden());
     EXPECT_NEAR(caretPlace().x, cell(4), 0.6f);
+}
+
+TEST_F(CSSTextFieldViewTest, TheCaretStandsInTheFirstLabelWhicheverItIs) {
+    addField("text { overflow: hidden; }");
+    const core::SmartPtr<Container> box(new components::Panel("box"));
+    const core::SmartPtr<Label> ahead(new Label("ahead"));
+    place(*box, 20, 0, 100, 40);
+    place(*ahead, 0, 0, 100, 40);
+    ahead->setText("mmmm");
+    box->addChild(ahead.get());
+    mField->addChild(box.get());
+    mField->setText("ab");
+    mField->setFocus();
+    frame();
+    const auto expectedX = [&](unsigned int index) { // as if the label lay in the field itself
+        return mField->getWorldPosition().x + ahead->getParentRelativePosition().x +
+               ahead->getCharacterPosition(index).x;
+    };
+    EXPECT_NE(ahead->getCharacterPosition(2), mField->getLabel()->getCharacterPosition(2));
+    EXPECT_FLOAT_EQ(caretPlace().x, expectedX(4)); // the end of that text, not of the field's
+    tap(Keyboard::K_HOME);
+    tap(Keyboard::K_RIGHT);
+    EXPECT_FLOAT_EQ(caretPlace().x, expectedX(1));
+    mField->removeChild(box.get()); // now it is the field's own
+    mField->setText("abc");
+    frame();
+    EXPECT_NEAR(caretPlace().x, cell(1), 0.6f);
+}
+
+TEST_F(CSSTextFieldViewTest, ALabelThatComesLaterDoesNotTakeTheCaret) {
+    addField();
+    mField->setText("abc");
+    mField->setFocus();
+    frame();
+    const core::SmartPtr<Label> later(new Label("later"));
+    later->setZIndex(-1); // ahead of the field's own, but that was found before
+    later->setText("mmmmm");
+    mField->addChild(later.get());
+    frame();
+    ASSERT_EQ(mField->getChildAt(0), later.get());
+    tap(Keyboard::K_END);
+    EXPECT_NEAR(caretPlace().x, cell(3), 0.6f);
+}
+
+TEST_F(CSSTextFieldViewTest, TheCaretStandsWhereTheNumbersSayOnHalfPixelsToo) {
+    addField("text#label { width: auto; height: 35px; -n-anchor: center-left; }");
+    unsigned int odd = 0;
+    for (const char *text : {"i", "il", "ab", "abc", "mm", "W", "éé"}) {
+        mField->setText(text);
+        mField->setFocus();
+        frame();
+        const Label *label = mField->getLabel();
+        odd += std::fmod(label->getWorldPosition().x, 1.0f) != 0;
+        EXPECT_FLOAT_EQ(caretPlace().x, cell(label->getTextLength())) << text;
+        const float top = label->getWorldPosition().y + label->getCharacterPosition(label->getTextLength()).y;
+        EXPECT_FLOAT_EQ(caret().getPosition().y - caret().getSize().y * 0.5f, top) << text;
+    }
+    EXPECT_GT(odd, 0u);
 }
 
 TEST_F(CSSTextFieldViewTest, SurvivesWhatIsTakenAway) {

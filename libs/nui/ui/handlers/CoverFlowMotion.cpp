@@ -88,6 +88,8 @@ void CoverFlowHandler::dragMove(float delta, double now) {
     mRatio = std::min(countSteps(distance), 1.0f);
     if (now > mPreviousTime) // two moves at one time say nothing of the speed
         mSpeed = delta / static_cast<float>(now - mPreviousTime);
+    // By where the item is, and not the finger alone: one that turns back beyond where it began is followed a little
+    // late, and by items that are narrower than two steps of the carousel on the wrong side until the next step.
     processDrag(getCentreX() + distance > 0 ? SHIFT_BACKWARD : SHIFT_FORWARD, mRatio);
 }
 

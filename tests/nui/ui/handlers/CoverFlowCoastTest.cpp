@@ -1,0 +1,279 @@
+// How a cover flow coasts and settles: every figure is worked out by hand.
+#include "nui/ui/handlers/CoverFlowHandler.h"
+
+#include "nui/ui/handlers/CoverFlowFixture.h"
+
+namespace {
+
+class CoverFlowCoastTest : public test::CoverFlowFixture {
+public:
+    CoverFlowCoastTest() { mFlow->setElasticRecoveryTime(0.25f); }
+
+    int state() const { return mFlow->getState(); }
+
+    /// The throw of 30 pixels to the left, step by step, until it has carried the carousel on by one.
+    void expectThrow();
+};
+
+} // namespace
+
+TEST_F(CoverFlowCoastTest, SettlesWithoutCoastingAfterARest) {
+    fill(5);
+    begin();
+    tick(0.125);
+    advance(0.125);
+    move(-30);
+    tick(0.5);
+    end();
+    tick(0);
+    EXPECT_EQ(state(), CoverFlowHandler::COVER_SETTLING);
+    EXPECT_NEAR(progress(), 0.3f, 1e-5);
+    tick(0.125);
+    EXPECT_NEAR(progress(), 0.15f, 1e-5);
+    tick(0.125);
+    EXPECT_EQ(progress(), 0);
+    EXPECT_EQ(state(), CoverFlowHandler::COVER_IDLE);
+}
+
+TEST_F(CoverFlowCoastTest, ThrowsWhenTheFingerHasRestedForAMomentOnly) {
+    fill(5);
+    begin();
+    tick(0.125);
+    advance(0.125);
+    move(-30);
+    tick(0.375);
+    end();
+    tick(0);
+    EXPECT_EQ(state(), CoverFlowHandler::COVER_COASTING);
+}
+
+TEST_F(CoverFlowCoastTest, SettlesOnTheNextEntryFromHalfTheWayOn) {
+    for (const bool isHalf : {false, true}) {
+        fill(5);
+        mFlow->setCurrent(5, false);
+        begin();
+        move(isHalf ? -50.0f : -49.5f);
+        tick(0.5);
+        end();
+        tick(0);
+        tick(0.125);
+        EXPECT_NEAR(progress(), isHalf ? 0.75f : 0.2475f, 1e-5);
+        tick(0.125);
+        EXPECT_EQ(state(), CoverFlowHandler::COVER_IDLE);
+        EXPECT_EQ(centreX(), 0);
+        EXPECT_EQ(mFlow->getCurrent(), isHalf ? 6u : 5u);
+        EXPECT_EQ(selected(), isHalf ? Indexes{6} : Indexes{});
+    }
+}
+
+TEST_F(CoverFlowCoastTest, StaysOnTheEntryThatTheFingerHasJustReached) {
+    fill(5);
+    begin();
+    move(100);
+    ASSERT_EQ(mFlow->getCurrent(), 4u);
+    tick(0.5);
+    end();
+    EXPECT_TRUE(rest());
+    EXPECT_EQ(mFlow->getCurrent(), 4u);
+    expectPlace(4, 0, 0, 1);
+    EXPECT_EQ(selected(), (Indexes{4}));
+}
+
+void CoverFlowCoastTest::expectThrow() {
+    fling(-30); // 240 pixels a second
+    EXPECT_NEAR(progress(), 0.3f, 1e-5);
+    EXPECT_EQ(state(), CoverFlowHandler::COVER_RELEASED);
+    tick(0);
+    EXPECT_EQ(state(), CoverFlowHandler::COVER_COASTING);
+    EXPECT_NEAR(progress(), 0.3f, 1e-5);
+    ASSERT_EQ(mFlow->getCurrentElement()->getSize().x, 182); // 200.5 at 0.91
+    tick(0.125);                                             // 115 a second: 14.375 farther
+    EXPECT_EQ(state(), CoverFlowHandler::COVER_COASTING);
+    EXPECT_NEAR(progress(), 2 * 44.375f / 182, 1e-4);
+    ASSERT_EQ(mFlow->getCurrentElement()->getSize().x, 171);
+    tick(0.125); // at rest
+    EXPECT_EQ(state(), CoverFlowHandler::COVER_SETTLING);
+    EXPECT_NEAR(progress(), 2 * 44.375f / 182, 1e-4);
+    tick(0.125); // on from 88.75 of 171
+    EXPECT_NEAR(progress(), 0.5f + 44.375f / 171, 1e-4);
+    EXPECT_EQ(selected(), Indexes());
+    tick(0.125);
+    EXPECT_EQ(state(), CoverFlowHandler::COVER_IDLE);
+    EXPECT_EQ(progress(), 0);
+    EXPECT_EQ(selected(), (Indexes{6}));
+}
+
+TEST_F(CoverFlowCoastTest, CoastsAndGoesOnToTheNextEntry) {
+    fill(5);
+    expectThrow();
+}
+
+TEST_F(CoverFlowCoastTest, CoastsTheSameAfterThirtyDays) {
+    advance(30.0 * 24 * 60 * 60);
+    fill(5);
+    expectThrow();
+}
+
+TEST_F(CoverFlowCoastTest, CoastsAndGoesBackFromBelowHalfTheWay) {
+    fill(5);
+    fling(-28); // 224 a second
+    tick(0);
+    tick(0.125); // 99 a second: 12.375 farther, of an item of 183
+    EXPECT_NEAR(progress(), 2 * 40.375f / 183, 1e-4);
+    tick(0.125);
+    EXPECT_EQ(state(), CoverFlowHandler::COVER_SETTLING);
+    tick(0.125); // back from 80.75 of 173
+    EXPECT_NEAR(progress(), 40.375f / 173, 1e-4);
+    tick(0.125);
+    EXPECT_EQ(mFlow->getCurrent(), 5u);
+    EXPECT_EQ(progress(), 0);
+    EXPECT_EQ(selected(), Indexes());
+}
+
+TEST_F(CoverFlowCoastTest, CoastsToTheRightAsToTheLeft) {
+    fill(5);
+    fling(30);
+    tick(0);
+    tick(0.125);
+    EXPECT_NEAR(progress(), -2 * 44.375f / 182, 1e-4);
+    tick(0.125);
+    tick(0.25);
+    EXPECT_EQ(state(), CoverFlowHandler::COVER_IDLE);
+    EXPECT_EQ(selected(), (Indexes{4}));
+}
+
+TEST_F(CoverFlowCoastTest, LimitsTheSpeedOfAThrow) {
+    fill(5);
+    fling(-375); // 3000 a second
+    tick(0);
+    EXPECT_EQ(state(), CoverFlowHandler::COVER_COASTING);
+    EXPECT_EQ(selected(), (Indexes{6}));
+    tick(0.125); // 1000 less 125: 109.375 on, of 100 for a step
+    EXPECT_EQ(selected(), (Indexes{7}));
+    EXPECT_NEAR(progress(), 0.09375f, 1e-5);
+    EXPECT_EQ(drawn().back(), "7");
+}
+
+TEST_F(CoverFlowCoastTest, LimitsTheSpeedToTheRight) {
+    fill(5);
+    fling(375);
+    tick(0);
+    tick(0.125);
+    EXPECT_EQ(selected(), (Indexes{4, 3}));
+    EXPECT_NEAR(progress(), -0.09375f, 1e-5);
+}
+
+TEST_F(CoverFlowCoastTest, SettlesAtOnceAtTheMinimumOfTheSpeed) {
+    fill(5);
+    fling(-6.25f); // 50 a second
+    tick(0);
+    EXPECT_EQ(state(), CoverFlowHandler::COVER_SETTLING);
+    tick(0.25);
+    EXPECT_EQ(state(), CoverFlowHandler::COVER_IDLE);
+    fling(-6.5f);
+    tick(0);
+    EXPECT_EQ(state(), CoverFlowHandler::COVER_COASTING);
+}
+
+TEST_F(CoverFlowCoastTest, ComparesTheMinimumWithTheSpeedAsItWasThrown) {
+    mFlow->setElasticSpeed(100, 40);
+    fill(5);
+    fling(-15); // 120 a second, which becomes 40
+    tick(0);
+    EXPECT_EQ(state(), CoverFlowHandler::COVER_COASTING);
+    tick(0.125);
+    EXPECT_EQ(state(), CoverFlowHandler::COVER_SETTLING);
+}
+
+TEST_F(CoverFlowCoastTest, CoastsOverSeveralEntriesAndTellsOfTheLastOne) {
+    fill(5);
+    fling(-90); // 720 a second
+    tick(0);
+    tick(0.125); // 595 a second: 74.375 farther, of an item of 146
+    EXPECT_EQ(selected(), (Indexes{7}));
+    EXPECT_NEAR(progress(), 2 * 164.375f / 146 - 2, 1e-4);
+    EXPECT_EQ(mFlow->getCurrentElement(), find(7));
+    EXPECT_EQ(mEntries->updates(), (Indexes{8, 5, 6, 7, 8, 9}));
+    EXPECT_TRUE(rest());
+    expectPlace(static_cast<int>(mFlow->getCurrent()), 0, 0, 1);
+}
+
+TEST_F(CoverFlowCoastTest, StopsAtTheEndOfTheDataAndReturnsElastically) {
+    fill(8);
+    fling(-90);
+    tick(0);
+    tick(0.125); // two steps and a quarter
+    EXPECT_EQ(state(), CoverFlowHandler::COVER_SETTLING);
+    EXPECT_EQ(selected(), (Indexes{9}));
+    tick(0.125);
+    EXPECT_NEAR(progress(), (2 * 164.375f / 146 - 2) / 2, 1e-4);
+    tick(0.125);
+    EXPECT_EQ(progress(), 0);
+    EXPECT_EQ(state(), CoverFlowHandler::COVER_IDLE);
+    EXPECT_EQ(mFlow->getCurrent(), 9u);
+}
+
+TEST_F(CoverFlowCoastTest, StopsAtTheBeginningOfTheData) {
+    fill(1);
+    fling(90);
+    tick(0);
+    tick(0.125);
+    EXPECT_EQ(state(), CoverFlowHandler::COVER_SETTLING);
+    EXPECT_EQ(selected(), (Indexes{0}));
+    EXPECT_TRUE(rest());
+    EXPECT_EQ(progress(), 0);
+    EXPECT_EQ(mFlow->getCurrent(), 0u);
+}
+
+TEST_F(CoverFlowCoastTest, GoesOnToTheEndOfTheDataWithoutDeceleration) {
+    mFlow->setElasticDeceleration(0);
+    fill(5);
+    fling(-30);
+    EXPECT_TRUE(rest());
+    EXPECT_EQ(mFlow->getCurrent(), 9u);
+    EXPECT_EQ(selected(), (Indexes{6, 7, 8, 9}));
+}
+
+TEST_F(CoverFlowCoastTest, ComesToRestWithoutAMinimumOfTheSpeed) {
+    for (const float minimum : {0.0f, -1.0f}) {
+        mFlow->setElasticSpeedMin(minimum);
+        fill(5);
+        mFlow->setCurrent(5, false);
+        fling(-30);
+        EXPECT_TRUE(rest());
+        EXPECT_EQ(progress(), 0);
+    }
+}
+
+TEST_F(CoverFlowCoastTest, KeepsTheSpeedBetweenMovesAtOneTime) {
+    fill(5);
+    begin();
+    tick(0.125);
+    move(-10); // no time has passed: nothing is known of the speed
+    end();
+    tick(0);
+    EXPECT_EQ(state(), CoverFlowHandler::COVER_SETTLING);
+    EXPECT_TRUE(rest());
+    begin();
+    tick(0.125);
+    advance(0.125);
+    move(-30);
+    frame();
+    move(-2);
+    end();
+    tick(0);
+    EXPECT_EQ(state(), CoverFlowHandler::COVER_COASTING);
+}
+
+TEST_F(CoverFlowCoastTest, HasNoSpeedAfterAMoveOfOnePixel) {
+    fill(5);
+    begin();
+    tick(0.125);
+    advance(0.125);
+    move(-30);
+    tick(0.125);
+    move(30); // back where it began
+    end();
+    tick(0);
+    EXPECT_EQ(state(), CoverFlowHandler::COVER_SETTLING);
+}

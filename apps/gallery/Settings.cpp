@@ -16,6 +16,8 @@ const char *const USAGE = "usage: nui-gallery [options]\n"
                           "  --page NAME    begin with this page\n"
                           "  --dark         begin with the dark look\n"
                           "  --size WxH     size of the window or the pictures; 1280x720\n"
+                          "  --script FILE  play input and expectations, as nui-viewer does, then end\n"
+                          "  --headless     no window\n"
                           "  --font FILE    default font\n"
                           "  --assets DIR   where the templates, sheets and images are\n"
                           "  --help         this text\n";
@@ -28,10 +30,19 @@ struct TextOption {
 };
 
 constexpr TextOption TEXT_OPTIONS[] = {
-    {"--png-dir", &Settings::pngDir},
-    {"--page", &Settings::page},
-    {"--font", &Settings::font},
-    {"--assets", &Settings::assets},
+    {"--png-dir", &Settings::pngDir}, {"--page", &Settings::page},     {"--script", &Settings::script},
+    {"--font", &Settings::font},      {"--assets", &Settings::assets},
+};
+
+struct Flag {
+    const char *name;
+    bool Settings::*value;
+};
+
+constexpr Flag FLAGS[] = {
+    {"--headless", &Settings::headless},
+    {"--dark", &Settings::dark},
+    {"--help", &Settings::help},
 };
 
 void parseSize(const char *text, Settings &settings) {
@@ -54,12 +65,10 @@ Settings parseSettings(int argc, const char *const *argv) {
     for (int i = 1; i < argc; ++i) {
         const char *option = argv[i];
         const auto is = [option](const char *name) { return std::strcmp(option, name) == 0; };
-        if (is("--dark")) {
-            settings.dark = true;
-            continue;
-        }
-        if (is("--help")) {
-            settings.help = true;
+        const auto *const flag =
+            std::find_if(std::begin(FLAGS), std::end(FLAGS), [is](const Flag &entry) { return is(entry.name); });
+        if (flag != std::end(FLAGS)) {
+            settings.*flag->value = true;
             continue;
         }
         const auto *const known = std::find_if(std::begin(TEXT_OPTIONS), std::end(TEXT_OPTIONS),

@@ -12,6 +12,8 @@ struct Settings {
     std::string assets;
     unsigned int width = 1280;
     unsigned int height = 720;
+    std::string script; ///< empty: none is played
+    bool headless = false;
     bool dark = false;
     bool help = false;
 };

@@ -1,9 +1,7 @@
 #pragma once
 
 #include "Gallery.h"
-#include "Host.h"
-
-#include "nengine/Engine.h"
+#include "Run.h"
 
 #include <memory>
 #include <string>
@@ -12,14 +10,10 @@ namespace gallery {
 
 struct Settings;
 
-/// One run of the gallery: a window or a picture in memory, the engine, and the frames.
-class Stage {
+/// One run of the gallery, in a window or in memory.
+class Stage : public viewer::Run {
 public:
     explicit Stage(const Settings &settings);
-    Stage(const Stage &) = delete;
-    Stage &operator=(const Stage &) = delete;
-
-    bool isWindow() const { return mHost->isWindow(); }
 
     /// Frames until the window closes.
     void run();
@@ -29,15 +23,8 @@ public:
     void drawPages(const std::string &folder);
 
 private:
-    void runFrame();
-    void draw();
-    void savePicture(const std::string &path);
+    void beginFrame() override;
 
-    std::unique_ptr<viewer::Host> mHost;
-    std::unique_ptr<nurel::Engine> mEngine;
-    struct Toolkit {
-        ~Toolkit();
-    } mToolkit; ///< ends the manager ahead of the engine, also when the gallery cannot be built
     std::unique_ptr<Gallery> mGallery;
 };
 

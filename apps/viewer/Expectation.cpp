@@ -2,8 +2,8 @@
 
 #include "ComponentFinder.h"
 #include "JsonWriter.h"
+#include "Run.h"
 #include "ScriptDialogs.h"
-#include "Session.h"
 
 #include "nmain/json/JSObject.h"
 #include "nui/ui/Component.h"
@@ -174,8 +174,8 @@ struct OtherKey {
 
 constexpr OtherKey OTHER_KEYS[] = {{"name", isText}, {"exists", isFlag}, {"answer", isText}, {"pixel", isPixel}};
 
-Finding checkPixel(const JSObject &expected, Session &session) {
-    const Session::Picture picture = session.capture();
+Finding checkPixel(const JSObject &expected, Run &run) {
+    const Run::Picture picture = run.capture();
     const int x = expected.get("at")->getInt(0U, 0);
     const int y = expected.get("at")->getInt(1U, 0);
     const auto inside = [](int value, unsigned int limit) {
@@ -203,8 +203,8 @@ Finding checkPixel(const JSObject &expected, Session &session) {
     return same ? Finding() : differ(wanted, actual);
 }
 
-Finding checkAnswer(const JSObject &expected, const char *name, Session &session) {
-    const char *actual = session.getDialogs().getAnswer(name);
+Finding checkAnswer(const JSObject &expected, const char *name, Run &run) {
+    const char *actual = run.getDialogs().getAnswer(name);
     const char *wanted = expected.asString("");
     const bool same = actual && std::strcmp(actual, wanted) == 0;
     return same ? Finding() : differ(quote(wanted), actual ? quote(actual) : "no such dialog");
@@ -215,8 +215,7 @@ void addFailure(std::vector<std::string> &failures, const std::string &subject, 
         failures.push_back(subject + ": " + finding);
 }
 
-void checkComponent(const JSObject &expectation, const char *name, Session &session,
-                    std::vector<std::string> &failures) {
+void checkComponent(const JSObject &expectation, const char *name, Run &run, std::vector<std::string> &failures) {
     const Component *component = findComponent(name);
     const std::string subject = std::string("'") + name + "'";
     if (expectation.hasKey("exists"))
@@ -231,7 +230,7 @@ void checkComponent(const JSObject &expectation, const char *name, Session &sess
             addFailure(failures, what, entry.check(*expectation.get(entry.key), *component));
     }
     if (expectation.hasKey("answer"))
-        addFailure(failures, subject + " answer", checkAnswer(*expectation.get("answer"), name, session));
+        addFailure(failures, subject + " answer", checkAnswer(*expectation.get("answer"), name, run));
     const bool onlyName = expectation.getLength() == 1;
     if (onlyName && !component)
         addFailure(failures, subject + " exists", differ("true", "false"));
@@ -239,12 +238,12 @@ void checkComponent(const JSObject &expectation, const char *name, Session &sess
 
 } // namespace
 
-std::vector<std::string> checkExpectation(const JSObject &expectation, Session &session) {
+std::vector<std::string> checkExpectation(const JSObject &expectation, Run &run) {
     std::vector<std::string> failures;
     if (const char *name = expectation.getString("name", nullptr))
-        checkComponent(expectation, name, session, failures);
+        checkComponent(expectation, name, run, failures);
     if (expectation.hasKey("pixel"))
-        addFailure(failures, "pixel", checkPixel(*expectation.get("pixel"), session));
+        addFailure(failures, "pixel", checkPixel(*expectation.get("pixel"), run));
     return failures;
 }
 

@@ -2,8 +2,8 @@
 
 #include "ComponentFinder.h"
 #include "Expectation.h"
+#include "Run.h"
 #include "ScriptDialogs.h"
-#include "Session.h"
 
 #include "ninput/input/InputSystem.h"
 #include "ninput/input/Keyboard.h"
@@ -32,7 +32,7 @@ constexpr unsigned int MAXIMUM_FRAMES = 1000000;
 
 /// What the steps of one play share.
 struct Play {
-    Session &session;
+    Run &run;
     const char *path;
     unsigned int step;
     int wheel = 0;
@@ -76,7 +76,7 @@ bool isCount(const JSObject &json) {
 
 bool isSeconds(const JSObject &json) {
     return isNumber(json) && json.asFloat(-1) >= 0 &&
-           static_cast<double>(json.asFloat(0)) / Session::FRAME_SECONDS <= MAXIMUM_FRAMES;
+           static_cast<double>(json.asFloat(0)) / Run::FRAME_SECONDS <= MAXIMUM_FRAMES;
 }
 
 bool isPositive(const JSObject &json) {
@@ -106,22 +106,22 @@ void moveTo(const Vector2 &point) {
 
 void runFrames(Play &play, unsigned int count) {
     for (unsigned int i = 0; i < count; ++i)
-        play.session.runFrame();
+        play.run.runFrame();
 }
 
 void move(Play &play, const Vector2 &point) {
     moveTo(point);
-    play.session.runFrame();
+    play.run.runFrame();
 }
 
 void button(Play &play, int number, Mouse::ButtonState state) {
     UIManager::getSingleton().setMouseButton(static_cast<Mouse::MouseButton>(number), state);
-    play.session.runFrame();
+    play.run.runFrame();
 }
 
 void key(Play &play, int code, bool pressed) {
     InputSystem::getSingleton().getKeyboard().inject(code, pressed);
-    play.session.runFrame();
+    play.run.runFrame();
 }
 
 void playMove(Play &play, const JSObject &value, const JSObject &) {
@@ -139,7 +139,7 @@ void playRelease(Play &play, const JSObject &value, const JSObject &) {
 void playWheel(Play &play, const JSObject &value, const JSObject &) {
     play.wheel += value.asInt(0);
     UIManager::getSingleton().setMouseWheel(play.wheel);
-    play.session.runFrame();
+    play.run.runFrame();
 }
 
 void playClick(Play &play, const JSObject &value, const JSObject &) {
@@ -187,7 +187,7 @@ void playShift(Play &, const JSObject &value, const JSObject &) {
 
 void playText(Play &play, const JSObject &value, const JSObject &) {
     UIManager::getSingleton().textInput(value.asString(""));
-    play.session.runFrame();
+    play.run.runFrame();
 }
 
 void playFrames(Play &play, const JSObject &value, const JSObject &) {
@@ -195,37 +195,37 @@ void playFrames(Play &play, const JSObject &value, const JSObject &) {
 }
 
 void playWait(Play &play, const JSObject &value, const JSObject &) {
-    const double frames = static_cast<double>(value.asFloat(0)) / Session::FRAME_SECONDS;
+    const double frames = static_cast<double>(value.asFloat(0)) / Run::FRAME_SECONDS;
     constexpr double ROUNDING = 1e-3;
     runFrames(play, static_cast<unsigned int>(std::ceil(frames - ROUNDING)));
 }
 
 void playResize(Play &play, const JSObject &value, const JSObject &) {
-    play.session.resize(static_cast<unsigned int>(value.getInt(0U, 1)), static_cast<unsigned int>(value.getInt(1U, 1)));
+    play.run.resize(static_cast<unsigned int>(value.getInt(0U, 1)), static_cast<unsigned int>(value.getInt(1U, 1)));
 }
 
 void playScale(Play &play, const JSObject &value, const JSObject &) {
-    play.session.setScale(value.asFloat(1));
+    play.run.setScale(value.asFloat(1));
 }
 
 void playPng(Play &play, const JSObject &value, const JSObject &) {
-    play.session.savePicture(value.asString(""));
+    play.run.savePicture(value.asString(""));
 }
 
 void playDump(Play &play, const JSObject &value, const JSObject &) {
-    play.session.saveDump(value.asString(""));
+    play.run.saveDump(value.asString(""));
 }
 
 void playDialog(Play &play, const JSObject &value, const JSObject &) {
     try {
-        play.session.getDialogs().play(value);
+        play.run.getDialogs().play(value);
     } catch (const core::Exception &e) {
         play.complain(e.getMessage());
     }
 }
 
 void playExpect(Play &play, const JSObject &value, const JSObject &) {
-    for (const std::string &failure : checkExpectation(value, play.session))
+    for (const std::string &failure : checkExpectation(value, play.run))
         play.complain(failure);
 }
 
@@ -316,8 +316,8 @@ void ScriptPlayer::check(unsigned int step) const {
         fail(step, fault);
 }
 
-bool ScriptPlayer::play(Session &session) {
-    Play play{session, mPath.c_str(), 0};
+bool ScriptPlayer::play(Run &run) {
+    Play play{run, mPath.c_str(), 0};
     for (play.step = 0; play.step < mScript->getLength(); ++play.step) {
         const JSObject &step = *mScript->get(play.step);
         const StepKind &kind = *findKind(step);

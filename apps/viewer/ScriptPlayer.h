@@ -9,7 +9,7 @@ class JSObject;
 
 namespace viewer {
 
-class Session;
+class Run;
 
 /// Plays a script of input, pictures and expectations: a JSON array of steps, each one an object. docs/viewer.md tells
 /// the steps.
@@ -21,7 +21,7 @@ public:
     ~ScriptPlayer();
 
     /// Plays all steps. False when an expectation failed; each failure is told on stderr and the play goes on.
-    bool play(Session &session);
+    bool play(Run &run);
 
 private:
     [[noreturn]] void fail(unsigned int step, const std::string &reason) const;

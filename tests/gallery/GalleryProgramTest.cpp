@@ -80,3 +80,18 @@ TEST_F(GalleryProgram, HelpTellsTheOptions) {
     EXPECT_EQ(run("--help"), 0);
     EXPECT_EQ(read("out.txt").rfind("usage: nui-gallery", 0), 0U);
 }
+
+TEST_F(GalleryProgram, PlaysAScriptAndTellsWhatFailed) {
+    std::ofstream(folder / "good.json") << R"([{"frames":3}, {"expect":{"name":"tour","visible":true}},
+        {"click":"tour"}, {"frames":2}, {"expect":{"name":"tour","exists":false}}, {"png":"shown.png"}])";
+    EXPECT_EQ(run("--font '" FONT "' --script good.json"), 0) << read("err.txt");
+    EXPECT_EQ(read("err.txt"), "");
+    EXPECT_TRUE(std::filesystem::exists(folder / "shown.png"));
+
+    std::ofstream(folder / "wrong.json") << R"([{"frames":3}, {"expect":{"name":"tour","enabled":false}}])";
+    EXPECT_EQ(run("--font '" FONT "' --script wrong.json"), 1);
+    EXPECT_EQ(read("err.txt"), "wrong.json: step 1: 'tour' enabled: expected false, actual true\n");
+
+    EXPECT_EQ(run("--script missing.json"), 2);
+    EXPECT_NE(read("err.txt").find("missing.json"), std::string::npos) << read("err.txt");
+}

@@ -38,6 +38,9 @@ public:
     const char *getText() const;
     Label *getLabel() const { return mLabel.get(); }
 
+    using Panel::getElement;
+    using Panel::setElement;
+
     /// Null for what is no flag.
     Component *getElement(ElementFlag flag) const;
 

@@ -76,6 +76,8 @@ bool NavigationHandler::setContainerBody(AnimationContext *, const AnimationEven
 /// The new one is on show before the callbacks of the old one's leaving run, which may change the body in their turn.
 void NavigationHandler::replaceBody(Component *body) {
     const core::SmartPtr<Component> old = std::exchange(mBody, core::SmartPtr<Component>(body));
+    if (canTake(*mBodyContainer, body))
+        mBodyContainer->addChild(body, true); // a callback may have led away from it and back
     if (!old)
         return;
     if (old != body)
@@ -120,7 +122,7 @@ void NavigationHandler::showBackText(const char *text) {
 
 void NavigationHandler::setRestoreAC(AnimationContext *animation, Component *body) {
     mRestoreAnimation = animation;
-    mRestoreTarget = body;
+    mRestoreTarget = animation ? body : nullptr;
 }
 
 /// The animation that knows the way back goes over from the replaced body to the one in its place.

@@ -9,10 +9,12 @@ constinit const ::core::Type Culler::TYPE("Culler", &core::Object::TYPE);
 
 Culler::Culler(VisibilitySet *set) : mSet(set) {}
 
-void Culler::cull(const Camera *, Frame *root) {
+void Culler::cull(const Camera *camera, Frame *root) {
     if (mSet)
         mSet->clear();
+    mCamera = camera;
     process(root, math::Frustum::INSIDE);
+    mCamera = nullptr;
 }
 
 void Culler::process(Frame *frame, math::Frustum::EFrustumResult result) {

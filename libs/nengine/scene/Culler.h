@@ -23,8 +23,11 @@ public:
     VisibilitySet *getVisibilitySet() const { return mSet; }
 
     /// Starts anew with everything that is not hidden at and below the root. A null root gives an empty set. The
-    /// camera, which may be null, is what a derived class may cull by; this one takes all.
+    /// camera, which may be null, is what frames and derived classes may cull by; this one takes all.
     virtual void cull(const Camera *camera, Frame *root);
+
+    /// The camera of the pass that is under way; null without one.
+    const Camera *getCamera() const { return mCamera; }
 
     /// Visits one frame, unless it is hidden.
     virtual void process(Frame *frame, math::Frustum::EFrustumResult result);
@@ -34,6 +37,7 @@ public:
 
 private:
     VisibilitySet *mSet;
+    const Camera *mCamera = nullptr;
 };
 
 } // namespace nurel::scene

@@ -1,6 +1,8 @@
 #include "nui/ui/ComponentView.h"
 
 #include "foundation/core/Type.h"
+#include "nengine/scene/Camera.h"
+#include "nengine/scene/Culler.h"
 #include "nengine/scene/properties/DepthProperty.h"
 #include "nui/ui/Container.h"
 #include "nui/ui/Skin.h"
@@ -75,7 +77,20 @@ void ComponentView::onVisible(scene::Culler *culler, math::Frustum::EFrustumResu
         if (!(position.x > -reach.x && position.x < reach.x && position.y > -reach.y && position.y < reach.y))
             return;
     }
+    if (culler->getCamera() && isTurnedAway(*culler->getCamera()))
+        return;
     scene::Node::onVisible(culler, result);
+}
+
+/// Whether the camera sees the back of the component, or just its edge.
+bool ComponentView::isTurnedAway(const scene::Camera &camera) const {
+    // What is not turned out of its parent's plane is seen as the parent is.
+    if (!mComponent || mComponent->getRotation()(2, 2) == 1)
+        return false;
+    const math::Matrix4 &world = getWorldTransform();
+    const math::Vector3 front(world(2, 0), world(2, 1), world(2, 2)); // away from the viewer, as z is
+    const math::Vector3 place(world(3, 0), world(3, 1), world(3, 2));
+    return front.dot(place - camera.getPosition()) <= 0;
 }
 
 scene::Node *ComponentView::getContent() {

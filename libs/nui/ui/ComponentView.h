@@ -4,6 +4,10 @@
 #include "nengine/scene/Node.h"
 #include "nui/ui/Fwd.h"
 
+namespace nurel::scene {
+class Camera;
+} // namespace nurel::scene
+
 namespace nurel::ui {
 
 /// The scene node that draws a component. The component holds data and logic, the view turns them into meshes, and a
@@ -58,7 +62,8 @@ public:
     /// Sorts the children's views by z-index; those with equal ones keep their order.
     void applyZIndex();
 
-    /// Draws nothing, the children neither, when the component lies wholly outside its parent's rectangle.
+    /// Draws nothing, the children neither, when the component lies wholly outside its parent's rectangle, or is turned
+    /// so far that the culler's camera looks at its back.
     void onVisible(scene::Culler *culler, math::Frustum::EFrustumResult result) override;
     bool updateInternal(float time, bool parentChanged) override;
 
@@ -79,6 +84,7 @@ private:
     void dropComponent(const Component *component);
     void adoptComponent(Component *component);
     unsigned int findPlace(int zIndex, const Container *parent) const;
+    bool isTurnedAway(const scene::Camera &camera) const;
 
     core::SmartPtr<Skin> mSkin;
     Component *mComponent;

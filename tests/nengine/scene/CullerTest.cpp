@@ -1,5 +1,6 @@
 #include "nengine/scene/Culler.h"
 
+#include "nengine/scene/Camera.h"
 #include "nengine/scene/Mesh.h"
 #include "nengine/scene/Node.h"
 #include "nengine/scene/VisibilitySet.h"
@@ -37,6 +38,25 @@ TEST(Culler, CollectsMeshesInTheOrderOfNodes) {
     root->prependChild(root->getChild(2));
     culler->cull(nullptr, root.get());
     EXPECT_EQ(names(set), "dabc") << "each cull starts anew";
+}
+
+/// Notes the camera that it is looked at with.
+class Looked : public Node {
+public:
+    void onVisible(Culler *culler, math::Frustum::EFrustumResult) override { mCamera = culler->getCamera(); }
+
+    const scene::Camera *mCamera = nullptr;
+};
+
+TEST(Culler, TellsFramesOfItsCameraWhileItWalks) {
+    const core::SmartPtr<Looked> root(new Looked());
+    const core::SmartPtr<scene::Camera> camera(new scene::Camera());
+    const core::SmartPtr<Culler> culler(new Culler(nullptr));
+    culler->cull(camera.get(), root.get());
+    EXPECT_EQ(root->mCamera, camera.get());
+    EXPECT_EQ(culler->getCamera(), nullptr);
+    culler->cull(nullptr, root.get());
+    EXPECT_EQ(root->mCamera, nullptr);
 }
 
 TEST(Culler, SkipsHiddenFramesWithEverythingBelow) {

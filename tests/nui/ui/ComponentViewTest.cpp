@@ -3,6 +3,7 @@
 #include "TestComponents.h"
 #include "support/EngineFixture.h"
 
+#include "nengine/scene/Camera.h"
 #include "nengine/scene/Culler.h"
 #include "nengine/scene/VisibilitySet.h"
 #include "nengine/scene/meshes/SizeableRectangleMesh.h"
@@ -215,6 +216,7 @@ protected:
 
     void TearDown() override {
         child = nullptr;
+        camera = nullptr;
         ComponentViewTest::TearDown();
     }
 
@@ -225,11 +227,25 @@ protected:
         view->update(0, true);
         nurel::scene::VisibilitySet set;
         const core::SmartPtr<nurel::scene::Culler> culler(new nurel::scene::Culler(&set));
-        culler->cull(nullptr, view.get());
+        culler->cull(camera.get(), view.get());
         return set.getCount() != 0;
     }
 
+    /// From 1000 in front of the box' centre.
+    void look() {
+        EXPECT_TRUE(isDrawnAt(0, 0));
+        camera = new nurel::scene::Camera("camera");
+        camera->setTranslation(box->getParentRelativePosition() + Vector3(0, 0, -1000));
+    }
+
+    /// Turned by degrees around the y axis, at that x.
+    bool isDrawnTurned(float degrees, float x = 0) {
+        child->setRotation(Matrix3(degrees * 3.14159265f / 180, Vector3(0, 1, 0)));
+        return isDrawnAt(x, 0);
+    }
+
     core::SmartPtr<Leaf> child;
+    core::SmartPtr<nurel::scene::Camera> camera; ///< none at first
 };
 
 } // namespace
@@ -243,6 +259,41 @@ TEST_F(ComponentViewCulling, WhatLiesWhollyOutsideItsParentIsNotDrawn) {
     EXPECT_FALSE(isDrawnAt(0, 35));
     EXPECT_TRUE(isDrawnAt(-59, -34));
     EXPECT_FALSE(isDrawnAt(0, -35));
+}
+
+TEST_F(ComponentViewCulling, TheBackOfAComponentIsNotDrawn) {
+    EXPECT_TRUE(isDrawnTurned(180)); // nobody looks at it
+    look();
+    for (const float front : {0.0f, 89.0f, -89.0f, 271.0f})
+        EXPECT_TRUE(isDrawnTurned(front)) << front;
+    for (const float back : {91.0f, -91.0f, 180.0f, 269.0f})
+        EXPECT_FALSE(isDrawnTurned(back)) << back;
+    child->setRotation(Matrix3(2, Vector3(1, 0, 0)));
+    EXPECT_FALSE(isDrawnAt(0, 0));
+    child->setRotation(Matrix3(2, Vector3(0, 0, 1))); // on its head
+    EXPECT_TRUE(isDrawnAt(0, 0));
+    child->setRotation(Matrix3());
+    child->setScale(Vector2(-1, 1));
+    EXPECT_TRUE(isDrawnAt(0, 0));
+}
+
+TEST_F(ComponentViewCulling, WhetherTheBackIsSeenDependsOnThePlace) {
+    look();
+    // 50 to the right is seen under 2.86 degrees
+    EXPECT_TRUE(isDrawnTurned(92, 50));
+    EXPECT_FALSE(isDrawnTurned(93, 50));
+    EXPECT_FALSE(isDrawnTurned(92, -50));
+    EXPECT_FALSE(isDrawnTurned(88, -50));
+    EXPECT_TRUE(isDrawnTurned(87, -50));
+}
+
+TEST_F(ComponentViewCulling, NothingInAComponentThatIsTurnedAwayIsDrawn) {
+    look();
+    box->setRotation(Matrix3(2, Vector3(0, 1, 0)));
+    EXPECT_FALSE(isDrawnAt(0, 0));
+    box->setRotation(Matrix3(1, Vector3(0, 1, 0)));
+    EXPECT_TRUE(isDrawnAt(0, 0));
+    EXPECT_FALSE(isDrawnTurned(60)); // on top of the parent's turn of 57 degrees
 }
 
 TEST_F(ComponentViewCulling, TheNaturalSizesCountWhateverTheScales) {

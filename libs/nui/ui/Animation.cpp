@@ -7,11 +7,14 @@ namespace nurel::ui {
 
 constinit const core::Type Animation::TYPE("Animation", &core::Object::TYPE);
 
+constinit std::uint64_t Animation::mTargetChanges = 0;
+
 Animation::Animation(Component *target) : mTarget(target), mInterpolator(new HermiteInterpolator) {}
 
 Animation::~Animation() = default;
 
 void Animation::setTarget(Component *target) {
+    ++mTargetChanges;
     mTarget = target;
 }
 

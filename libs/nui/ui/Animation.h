@@ -6,6 +6,8 @@
 #include "nmain/math/Vector3.h"
 #include "nui/ui/Fwd.h"
 
+#include <cstdint>
+
 namespace nurel::ui {
 
 /// One animated property of one component. It never runs by itself: an `AnimationContext` holds it and gives it the
@@ -40,6 +42,9 @@ public:
     /// Applies the property's value at that time to the target. Does nothing without a target.
     virtual void update(const TimeInfo &time) = 0;
 
+    /// How often any animation has changed its target: who remembers targets looks here whether they still hold.
+    static std::uint64_t getTargetChanges() { return mTargetChanges; }
+
 protected:
     explicit Animation(Component *target);
 
@@ -50,6 +55,8 @@ protected:
     void interpolate(float t, const math::Vector3 &a, const math::Vector3 &b, math::Vector3 &result) const;
 
 private:
+    static std::uint64_t mTargetChanges;
+
     core::SmartPtr<Component> mTarget;
     core::SmartPtr<Interpolator> mInterpolator;
 };

@@ -3,6 +3,7 @@
 #include "nui/ui/Component.h"
 
 #include <cmath>
+#include <functional>
 
 namespace nurel::ui {
 
@@ -10,6 +11,9 @@ namespace {
 
 constexpr double MICROSECONDS_A_SECOND = 1e6;
 constexpr float DEFAULT_DURATION = 0.5f;
+
+/// So many animations are searched one by one.
+constexpr std::size_t MOST_UNINDEXED = 16;
 
 /// Longer than any run; sums of a few of these stay within the type.
 constexpr std::int64_t LONGEST = std::int64_t(1) << 60;
@@ -42,8 +46,11 @@ AnimationContext &AnimationContext::operator=(const AnimationContext &) = defaul
 AnimationContext::~AnimationContext() = default;
 
 void AnimationContext::addAnimation(Animation *animation) {
-    if (animation)
-        mAnimations.insert(animation);
+    if (!animation)
+        return;
+    mAnimations.insert(animation);
+    if (!mIndex.empty())
+        addToIndex(*animation);
 }
 
 Animation *AnimationContext::getAnimation(const Component *target, const core::Type &type) const {
@@ -54,12 +61,37 @@ Animation *AnimationContext::getAnimation(const Component *target, const core::T
     return nullptr;
 }
 
-Animation *AnimationContext::findExact(const Component *target, const core::Type &type) const {
+void AnimationContext::addToIndex(Animation &animation) {
+    Animation *&first = mIndex[Key(animation.getTarget(), &animation.getType())];
+    if (!first || std::less<>()(&animation, first))
+        first = &animation;
+}
+
+void AnimationContext::updateIndex() {
+    if (!mIndex.empty() && mIndexedChanges == Animation::getTargetChanges())
+        return;
+    mIndex.clear();
+    mIndexedChanges = Animation::getTargetChanges();
+    for (const core::SmartPtr<Animation> &animation : mAnimations)
+        addToIndex(*animation);
+}
+
+Animation *AnimationContext::findExact(const Component *target, const core::Type &type) {
+    if (mAnimations.size() > MOST_UNINDEXED) {
+        updateIndex();
+        const auto found = mIndex.find(Key(target, &type));
+        return found == mIndex.end() ? nullptr : found->second;
+    }
     for (const core::SmartPtr<Animation> &animation : mAnimations) {
         if (animation->getTarget() == target && &animation->getType() == &type)
             return animation.get();
     }
     return nullptr;
+}
+
+void AnimationContext::committed() {
+    mStatus = COMMITTED;
+    mIndex.clear(); // nothing is recorded as a rule from here on
 }
 
 void AnimationContext::started(Microseconds now) {

@@ -7,7 +7,9 @@
 #include "nui/ui/AnimationEvent.h"
 
 #include <cstdint>
+#include <map>
 #include <set>
+#include <utility>
 
 namespace nurel::ui {
 
@@ -71,7 +73,7 @@ protected:
     /// running.
     using Microseconds = std::int64_t;
 
-    void committed() { mStatus = COMMITTED; }
+    void committed();
 
     /// Sets the start behind the delay and tells the subscribers. Only a committed context does anything.
     void started(Microseconds now);
@@ -85,10 +87,17 @@ protected:
 private:
     friend class UIManager;
 
-    Animation *findExact(const Component *target, const core::Type &type) const;
+    /// Component and class of an animation.
+    using Key = std::pair<const Component *, const core::Type *>;
+
+    Animation *findExact(const Component *target, const core::Type &type);
+    void addToIndex(Animation &animation);
+    void updateIndex();
 
     Animation::TimeInfo mTimeInfo;
     Animations mAnimations;
+    std::map<Key, Animation *> mIndex; ///< the first animation of each key; empty until it is worth it
+    std::uint64_t mIndexedChanges = 0; ///< the changes of targets that the index knows
     float mDelay = 0;
     Microseconds mStart = 0;
     Microseconds mLastUpdate = 0;

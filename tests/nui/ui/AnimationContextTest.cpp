@@ -7,6 +7,8 @@
 #include "nui/ui/animation/AnimatedScale.h"
 #include "nui/ui/animation/AnimatedSize.h"
 
+#include <random>
+
 using namespace nurel::ui;
 using nurel::math::Vector2;
 
@@ -438,4 +440,51 @@ TEST_F(AnimationContextTest, RecordsIntoTheFirstOfTwoOfOneClass) {
     EXPECT_EQ(opacityOf(*open->getAnimations().rbegin()), untouched);
     EXPECT_EQ(panel->getOpacity(), 1);
     manager().cancelAnimation();
+}
+
+TEST_F(AnimationContextTest, FindsAmongManyWhatOneByOneFinds) {
+    using animation::AnimatedOpacity;
+    using animation::AnimatedScale;
+    std::mt19937 random(7);
+    std::vector<core::SmartPtr<Panel>> panels;
+    for (int i = 0; i < 20; ++i)
+        panels.emplace_back(new Panel("p"));
+    const auto any = [&] { return panels[random() % panels.size()].get(); };
+    core::SmartPtr<AnimationContext> context(new AnimationContext);
+    const auto findOneByOne = [&](const Component *target, const core::Type &type) -> Animation * {
+        for (const core::SmartPtr<Animation> &animation : context->getAnimations()) {
+            if (animation->getTarget() == target && &animation->getType() == &type)
+                return animation.get();
+        }
+        return nullptr;
+    };
+    int found = 0;
+    for (int i = 0; i < 2000; ++i) {
+        const unsigned int action = random() % 16;
+        if (action == 0) {
+            context->addAnimation(new AnimatedOpacity(any()));
+        } else if (action == 1 && !context->getAnimations().empty()) {
+            (*context->getAnimations().begin())->setTarget(any());
+        } else if (action == 2 && i % 100 == 0) {
+            manager().commitAnimation(context.get());
+            manager().cancelAnimation(context.get());
+        } else if (action == 3 && i % 50 == 0) {
+            context = new AnimationContext(*context);
+        } else if (action == 4 && i % 20 == 0) {
+            context = new AnimationContext;
+        } else {
+            Panel *panel = any();
+            const bool isOpacity = action % 2 == 0;
+            Animation *expected = findOneByOne(panel, isOpacity ? AnimatedOpacity::TYPE : AnimatedScale::TYPE);
+            const std::size_t count = context->getAnimations().size();
+            const Animation *recorded = isOpacity ? static_cast<Animation *>(&context->record<AnimatedOpacity>(panel))
+                                                  : &context->record<AnimatedScale>(panel);
+            if (expected) {
+                ASSERT_EQ(recorded, expected) << i;
+                ++found;
+            }
+            ASSERT_EQ(context->getAnimations().size(), expected ? count : count + 1) << i;
+        }
+    }
+    EXPECT_GT(found, 500);
 }

@@ -60,6 +60,20 @@ std::size_t compare(const std::uint8_t *expected, const std::uint8_t *actual, st
     return outliers;
 }
 
+/// Pictures of the same size, from left to right.
+std::vector<std::uint8_t> joinInARow(const std::vector<std::vector<std::uint8_t>> &pictures, std::size_t width,
+                                     std::size_t height) {
+    std::vector<std::uint8_t> row;
+    row.reserve(pictures.size() * width * height * 4);
+    for (std::size_t y = 0; y < height; ++y) {
+        for (const std::vector<std::uint8_t> &picture : pictures) {
+            const std::uint8_t *line = &picture[y * width * 4];
+            row.insert(row.end(), line, line + width * 4);
+        }
+    }
+    return row;
+}
+
 } // namespace
 
 void GoldenFixture::SetUp() {
@@ -102,41 +116,52 @@ nurel::scene::Node &GoldenFixture::makeNode() {
     return *node;
 }
 
-void GoldenFixture::expectPicture(const std::string &name) {
+std::vector<std::uint8_t> GoldenFixture::draw() {
     UIManager &manager = UIManager::getSingleton();
-    manager.getRoot()->updateProperties();
+    manager.updateEvents();
+    manager.update();
+    // The pass draws over what is there: a list with nothing in it clears the picture first.
+    nurel::renderer::FrameTarget background;
+    background.width = WIDTH;
+    background.height = HEIGHT;
+    background.clearColor = true;
+    std::copy(std::begin(BACKGROUND), std::end(BACKGROUND), background.clear);
+    mBackend->submit(nurel::renderer::DrawList(), background);
+    mEngine->renderFrame(*manager.getRenderPass());
+    return getContext(WIDTH, HEIGHT).readPixels();
+}
+
+void GoldenFixture::expectPicture(const std::string &name) {
+    UIManager::getSingleton().getRoot()->updateProperties();
+    std::vector<std::uint8_t> picture;
     for (int i = 0; i < FRAMES; ++i) {
         mEngine->advance(1.0 / 60);
-        manager.updateEvents();
-        manager.update();
-        // The pass draws over what is there: a list with nothing in it clears the picture first.
-        nurel::renderer::FrameTarget background;
-        background.width = WIDTH;
-        background.height = HEIGHT;
-        background.clearColor = true;
-        std::copy(std::begin(BACKGROUND), std::end(BACKGROUND), background.clear);
-        mBackend->submit(nurel::renderer::DrawList(), background);
-        mEngine->renderFrame(*manager.getRenderPass());
+        picture = draw();
     }
-    const std::vector<std::uint8_t> actual = getContext(WIDTH, HEIGHT).readPixels();
+    expectPictures(name, {picture});
+}
+
+void GoldenFixture::expectPictures(const std::string &name, const std::vector<std::vector<std::uint8_t>> &pictures) {
+    const unsigned int width = WIDTH * static_cast<unsigned int>(pictures.size());
+    const std::vector<std::uint8_t> actual = joinInARow(pictures, WIDTH, HEIGHT);
     const std::string reference = std::string(REFERENCES "/") + name + ".png";
     if (std::getenv("NUI_UPDATE_GOLDEN")) {
-        nurel::texture::savePng(reference.c_str(), WIDTH, HEIGHT, actual.data());
+        nurel::texture::savePng(reference.c_str(), width, HEIGHT, actual.data());
         return;
     }
     const std::string file = read(reference);
     ASSERT_FALSE(file.empty()) << "there is no reference " << reference;
     const nurel::texture::Image expected = nurel::texture::decodeImage(file.data(), file.size());
-    ASSERT_EQ(expected.width, WIDTH);
+    ASSERT_EQ(expected.width, width);
     ASSERT_EQ(expected.height, HEIGHT);
     std::vector<std::uint8_t> difference;
-    const std::size_t pixels = std::size_t{WIDTH} * HEIGHT;
+    const std::size_t pixels = std::size_t{width} * HEIGHT;
     const std::size_t outliers = compare(expected.rgba.get(), actual.data(), pixels, difference);
     if (outliers > pixels / PIXELS_PER_OUTLIER) {
         std::filesystem::create_directories(RESULTS);
         const std::string base = std::string(RESULTS "/") + name;
-        nurel::texture::savePng((base + "-actual.png").c_str(), WIDTH, HEIGHT, actual.data());
-        nurel::texture::savePng((base + "-difference.png").c_str(), WIDTH, HEIGHT, difference.data());
+        nurel::texture::savePng((base + "-actual.png").c_str(), width, HEIGHT, actual.data());
+        nurel::texture::savePng((base + "-difference.png").c_str(), width, HEIGHT, difference.data());
         ADD_FAILURE() << outliers << " pixels differ from " << reference << "; see " << base << "-actual.png";
     }
 }

@@ -8,8 +8,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace nurel::gles {
 class GlesBackend;
@@ -39,10 +41,16 @@ protected:
     /// A node at the stage's centre, above the widgets; x to the right, y down, one unit a pixel.
     nurel::scene::Node &makeNode();
 
-    /// Draws a few frames and compares the last with the reference of that name: at most 4 of 255 a channel, but for
-    /// one pixel in a thousand. On a difference the picture and what differs are left in out/golden. With
-    /// NUI_UPDATE_GOLDEN set the reference is written instead.
+    /// The stage as it is at the clock's time: WIDTH * HEIGHT pixels of four bytes, rows from the top.
+    std::vector<std::uint8_t> draw();
+
+    /// Draws a few frames and compares the last with the reference of that name.
     void expectPicture(const std::string &name);
+
+    /// Compares pictures that draw() gave, in a row from left to right, with the reference of that name: at most 4 of
+    /// 255 a channel, but for one pixel in a thousand. On a difference the row and what differs are left in out/golden.
+    /// With NUI_UPDATE_GOLDEN set the reference is written instead.
+    static void expectPictures(const std::string &name, const std::vector<std::vector<std::uint8_t>> &pictures);
 
     nurel::Engine &engine() { return *mEngine; }
 

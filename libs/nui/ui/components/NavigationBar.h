@@ -9,8 +9,8 @@ namespace nurel::ui::components {
 class Button;
 class Label;
 
-/// The title bar of a `handlers::NavigationHandler`: a title in the middle, an element at the left and one at the right,
-/// both hidden at first. It has no logic of its own.
+/// The title bar of a `handlers::NavigationHandler`: a title in the middle, an element at the left and one at the
+/// right, both hidden at first. It has no logic of its own.
 ///
 /// It is a panel to style sheets, which reach it, the title and the buttons through the class that it is given. A clone
 /// is a plain panel. Make it, and show or hide elements, outside of an open animation, which would record that.

@@ -41,9 +41,8 @@ NavigationHandler::NavigationHandler(float barHeight, float buttonHeight)
     mRoot->setSize(math::Vector2::ZERO, math::Vector2::ONE);
     setTarget(mRoot.get());
     // 2.
-    mNavigationBar =
-        new NavigationBar(barHeight, math::Vector4(BAR_BORDER, BAR_BORDER, BAR_BORDER, BAR_BORDER),
-                          math::Vector2(BUTTON_WIDTH, buttonHeight), "navigation-bar");
+    mNavigationBar = new NavigationBar(barHeight, math::Vector4(BAR_BORDER, BAR_BORDER, BAR_BORDER, BAR_BORDER),
+                                       math::Vector2(BUTTON_WIDTH, buttonHeight), "navigation-bar");
     mNavigationBar->setAnchor(Component::ANCHOR_TOP_LEFT);
     mNavigationBar->setSize(math::Vector2(0, barHeight), math::Vector2(1, 0));
     mRoot->addChild(mNavigationBar.get(), true);

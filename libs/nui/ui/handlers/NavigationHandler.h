@@ -51,12 +51,11 @@ enum PopQueryResult : int { POP_QUERY_DENY = 0, POP_QUERY_ALLOW = 1 };
 /// A body that is another container's child raises `core::IllegalStateException` "Component already has a parent", and
 /// so does a right element; the stack is left as it was. For a request that has to wait this happens when its turn
 /// comes, in the frame's update.
-class NavigationHandler
-    : public ComponentHandler,
-      public core::CallbackSubscriptor<mpl::Int2Type<0>, 1, bool, class NavigationHandler *, Component *,
-                                       NavigationAction, int>,
-      public core::CallbackSubscriptor<mpl::Int2Type<1>, 1, bool, class NavigationHandler *, Component *,
-                                       PopQueryResult &> {
+class NavigationHandler : public ComponentHandler,
+                          public core::CallbackSubscriptor<mpl::Int2Type<0>, 1, bool, class NavigationHandler *,
+                                                           Component *, NavigationAction, int>,
+                          public core::CallbackSubscriptor<mpl::Int2Type<1>, 1, bool, class NavigationHandler *,
+                                                           Component *, PopQueryResult &> {
 public:
     static const core::Type TYPE;
     static const core::Type &type() { return TYPE; }
@@ -64,8 +63,8 @@ public:
 
     /// Told of a body, what happens to it, and its place relative to the top of the stack at that time: 0 the top, 1
     /// just under it, -1 above the top or off the stack. The body is null where the last one has been popped.
-    using NavigationCallbacks = core::CallbackSubscriptor<mpl::Int2Type<0>, 1, bool, NavigationHandler *, Component *,
-                                                          NavigationAction, int>;
+    using NavigationCallbacks =
+        core::CallbackSubscriptor<mpl::Int2Type<0>, 1, bool, NavigationHandler *, Component *, NavigationAction, int>;
 
     /// Asked before the back button pops, with the body on show.
     using PopQueryCallbacks =
@@ -211,7 +210,7 @@ private:
     int mBackClickId = 0; ///< of the subscription to the back button
 
     core::SmartPtr<Component> mBody;
-    Stack mStack; ///< the top is at the back
+    Stack mStack;                                       ///< the top is at the back
     core::SmartPtr<AnimationContext> mRestoreAnimation; ///< of a body that setBody() has replaced
     core::SmartPtr<Component> mRestoreTarget;           ///< that body
     bool mAnimating = false;

@@ -29,17 +29,16 @@ void NavigationHandler::change(AnimationContext *animation, Component *body, Nav
     mAnimatingBody = body;
     manager->commitAnimation(animation);
     const unsigned int number = ++mLastNumber;
-    const int id = animation->subscribeCallback(
-        [this, number, action, notify, kept = core::SmartPtr<Component>(body)](AnimationContext *context,
-                                                                               const AnimationEvent &event) {
-            const auto isThis = [number](const Running &running) { return running.number == number; };
-            const auto found = std::find_if(mRunning.begin(), mRunning.end(), isThis);
-            if (found == mRunning.end()) // it has ended already, and a subscriber behind failed
-                return true;
-            if (event.getType() == AnimationEvent::FINISHED)
-                mRunning.erase(found);
-            return setContainerBody(context, event, kept.get(), action, notify);
-        });
+    const int id = animation->subscribeCallback([this, number, action, notify, kept = core::SmartPtr<Component>(body)](
+                                                    AnimationContext *context, const AnimationEvent &event) {
+        const auto isThis = [number](const Running &running) { return running.number == number; };
+        const auto found = std::find_if(mRunning.begin(), mRunning.end(), isThis);
+        if (found == mRunning.end()) // it has ended already, and a subscriber behind failed
+            return true;
+        if (event.getType() == AnimationEvent::FINISHED)
+            mRunning.erase(found);
+        return setContainerBody(context, event, kept.get(), action, notify);
+    });
     mRunning.push_back({number, animation, id});
 }
 

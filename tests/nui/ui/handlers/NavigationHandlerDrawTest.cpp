@@ -61,8 +61,7 @@ public:
     NavigationHandlerCostTest() {
         for (Panel *body : {a.get(), b.get()}) {
             for (int i = 0; i < 500; ++i)
-                write(*body, "t" + std::to_string(i), static_cast<float>(i % 20 * 40),
-                      static_cast<float>(i / 20 * 22));
+                write(*body, "t" + std::to_string(i), static_cast<float>(i % 20 * 40), static_cast<float>(i / 20 * 22));
         }
         mHandler->getBodyContainer()->setClipChildren(true);
         push(a);

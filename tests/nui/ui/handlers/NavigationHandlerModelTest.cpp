@@ -259,8 +259,8 @@ TEST_F(NavigationHandlerModelTest, FollowsTheRulesWhateverIsAskedFor) {
         Model model;
         for (int step = 0; step < 40; ++step) {
             const core::SmartPtr<Panel> body = mBodies[random(BODIES)];
-            const bool isFree = !model.contains(body->getName()) && !model.isWaiting(body->getName()) &&
-                                model.shown != body->getName();
+            const bool isFree =
+                !model.contains(body->getName()) && !model.isWaiting(body->getName()) && model.shown != body->getName();
             const bool animated = random(2) == 0;
             const unsigned int choice = random(20);
             if (choice < 9) {

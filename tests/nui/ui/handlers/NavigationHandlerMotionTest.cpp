@@ -294,9 +294,9 @@ TEST_F(NavigationHandlerMotionTest, WhatHasNoAnimationRunsOnceInOneGo) {
     push(e);
     told();
     settle();
-    EXPECT_EQ(told(), (Lines{"a push-end 1", "b push-end 0",                                        //
-                             "b push-begin 0", "c push-begin -1", "b push-end 1", "c push-end 0",   //
-                             "c pop-begin 0", "d push-begin -1", "c pop-end -1", "d push-end 0",    //
+    EXPECT_EQ(told(), (Lines{"a push-end 1", "b push-end 0",                                      //
+                             "b push-begin 0", "c push-begin -1", "b push-end 1", "c push-end 0", //
+                             "c pop-begin 0", "d push-begin -1", "c pop-end -1", "d push-end 0",  //
                              "d push-begin 0", "e push-begin -1", "d push-end 1", "e push-end 0"}));
     EXPECT_EQ(stack(), "a b d e");
     EXPECT_FALSE(mHandler->isAnimating());

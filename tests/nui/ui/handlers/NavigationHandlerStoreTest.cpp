@@ -15,17 +15,14 @@ using animation::AnimatedPosition;
 class NavigationHandlerStoreTest : public test::NavigationTest {
 public:
     /// Pushes with a transition of a tenth of a second, and lets it end.
-    core::SmartPtr<AnimationContext> bring(const core::SmartPtr<Panel> &body,
-                                           Transition::Type type = SLIDE) {
+    core::SmartPtr<AnimationContext> bring(const core::SmartPtr<Panel> &body, Transition::Type type = SLIDE) {
         core::SmartPtr<AnimationContext> animation(
             mHandler->pushBody(body.get(), nullptr, nullptr, nullptr, 0.1f, type));
         settle();
         return animation;
     }
 
-    void set(const core::SmartPtr<Panel> &body) {
-        mHandler->setBody(body.get(), nullptr, nullptr, nullptr, nullptr);
-    }
+    void set(const core::SmartPtr<Panel> &body) { mHandler->setBody(body.get(), nullptr, nullptr, nullptr, nullptr); }
 
     /// Whether the animation has one of that kind for the body.
     template <class Animated>

@@ -37,6 +37,17 @@ public:
     Minimised() : ManagerTest(none()) {}
 };
 
+class PlacedPanel : public components::Panel {
+public:
+    int mPlaced = 0;
+
+protected:
+    void updatePosition() override {
+        ++mPlaced;
+        Panel::updatePosition();
+    }
+};
+
 /// Where a point of the world is on the screen: -1 to 1, y up.
 Vector2 project(const Vector3 &point) {
     const Vector4 clip = UIManager::getSingleton().getCamera()->getViewProjection() * Vector4(point, 1);
@@ -147,6 +158,42 @@ TEST_F(UIManagerFrameTest, AllocatesNothingWhileItAnimates) {
     frame();
     EXPECT_EQ(test::getAllocationCount(), before);
     EXPECT_NEAR(panel->getComponentPosition().absolute.x, 3, 1e-4f);
+}
+
+TEST_F(UIManagerFrameTest, PlacesAndAllocatesNothingBesideWhatAThousandAnimationsMove) {
+    const auto widget = addWidget();
+    const auto moving = addPanel(*widget, "moving", 0, 0, 800, 600);
+    const auto still = addPanel(*widget, "still", 0, 0, 800, 600);
+    std::vector<core::SmartPtr<PlacedPanel>> panels;
+    for (int i = 0; i < 1000; ++i) {
+        for (const auto &parent : {moving, still}) {
+            panels.emplace_back(new PlacedPanel);
+            parent->addChild(panels.back().get());
+        }
+    }
+    frame();
+    manager().beginAnimation()->setDuration(10);
+    for (std::size_t i = 0; i < panels.size(); i += 2) {
+        panels[i]->setPosition(Vector2(static_cast<float>(i), 100), Vector2(0, 0));
+        panels[i]->setOpacity(0.5f, true);
+    }
+    manager().commitAnimation();
+    for (int i = 0; i < 3; ++i) {
+        advance(0.1);
+        frame();
+    }
+    for (const auto &panel : panels)
+        panel->mPlaced = 0;
+    const std::size_t before = test::getAllocationCount();
+    for (int i = 0; i < 10; ++i) {
+        advance(0.1);
+        frame();
+    }
+    EXPECT_EQ(test::getAllocationCount(), before);
+    for (std::size_t i = 0; i < panels.size(); ++i)
+        ASSERT_EQ(panels[i]->mPlaced, i % 2 == 0 ? 10 : 0) << i;
+    EXPECT_NEAR(panels[1000]->getComponentPosition().absolute.x, 120, 0.1f);
+    EXPECT_LT(panels[1000]->getOpacity(), 1);
 }
 
 TEST_F(UIManagerFrameTest, BringsTheSceneUpToDate) {

@@ -102,8 +102,6 @@ bool CoverFlowHandler::uiUpdate(UIManager::StageEvent stage) {
     const double now = getTime();
     const float elapsed = static_cast<float>(std::max(now - mPreviousTime, 0.0));
     mPreviousTime = now;
-    if (mItems.empty() && mState != COVER_DRAGGING)
-        mState = COVER_IDLE;
     switch (mState) {
     case COVER_IDLE:
     case COVER_DRAGGING:

@@ -313,6 +313,20 @@ TEST_F(CoverFlowBadInputTest, BearsMovesThatAreNoNumbers) {
     EXPECT_TRUE(isPlaced());
 }
 
+TEST_F(CoverFlowBadInputTest, GoesOneStepForAMoveWithoutEnd) {
+    fill(5);
+    begin();
+    tick(0.125);
+    advance(0.125);
+    move(std::numeric_limits<float>::infinity());
+    end();
+    tick(0);
+    EXPECT_EQ(state(), CoverFlowHandler::COVER_COASTING);
+    EXPECT_TRUE(rest());
+    EXPECT_EQ(mFlow->getCurrent(), 4u);
+    EXPECT_TRUE(isPlaced());
+}
+
 TEST_F(CoverFlowBadInputTest, AsksForEachItemOnceWhileAnAnimationIsOpen) {
     fill(5);
     manager().beginAnimation();

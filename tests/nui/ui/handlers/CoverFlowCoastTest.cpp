@@ -175,6 +175,19 @@ TEST_F(CoverFlowCoastTest, SettlesAtOnceAtTheMinimumOfTheSpeed) {
     EXPECT_EQ(state(), CoverFlowHandler::COVER_COASTING);
 }
 
+TEST_F(CoverFlowCoastTest, StopsCoastingBelowTheMinimumOfTheSpeed) {
+    for (const float minimum : {115.0f, 115.5f}) {
+        mFlow->setElasticSpeedMin(minimum);
+        fill(5);
+        mFlow->setCurrent(5, false);
+        fling(-30);
+        tick(0);
+        tick(0.125); // 115 a second
+        EXPECT_EQ(state(), minimum == 115 ? CoverFlowHandler::COVER_COASTING : CoverFlowHandler::COVER_SETTLING);
+        EXPECT_TRUE(rest());
+    }
+}
+
 TEST_F(CoverFlowCoastTest, ComparesTheMinimumWithTheSpeedAsItWasThrown) {
     mFlow->setElasticSpeed(100, 40);
     fill(5);

@@ -224,7 +224,9 @@ TEST_F(CoverFlowDragTest, BringsTheNextItemOnTheRightToTheFront) {
     move(-20);
     const Lines sorted{"3", "4", "8", "7", "6", "5"};
     EXPECT_EQ(drawn(), sorted);
-    move(-32);
+    move(-30); // to 100, the half of the way
+    EXPECT_EQ(drawn(), sorted);
+    move(-2); // which is not beyond it
     EXPECT_EQ(drawn(), sorted);
     move(-2);
     EXPECT_EQ(drawn(), (Lines{"3", "4", "5", "8", "7", "6"}));

@@ -116,6 +116,8 @@ void Gallery::setSource(Source source) {
 }
 
 void Gallery::update() {
+    if (std::exchange(mForgetRemoved, false))
+        mSkin->forgetUnused();
     if (mDarkButton->isChecked() != mShown.dark && mWanted.dark == mShown.dark)
         mWanted.dark = mDarkButton->isChecked(); // released beside it: it toggled without a click
     if (mWanted == mShown)
@@ -143,6 +145,7 @@ void Gallery::buildPage() {
     const Page &page = getPages()[mWanted.page];
     // Whatever cannot be read is told by an exception while the page before is still in place.
     const core::SmartPtr<ui::Component> built = readTemplate(std::string(page.name) + ".ui");
+    mNextKept.clear();
     if (page.connect)
         page.connect(PageTools(*this, *built));
     std::unique_ptr<css::CSS> sheet = readAllSheets();
@@ -150,6 +153,7 @@ void Gallery::buildPage() {
     if (mPage)
         stage.removeChild(mPage.get());
     mPage = nullptr;
+    mKept = std::exchange(mNextKept, {});
     mSkin->forgetUnused();
     applySheet(std::move(sheet));
     mPage = built;

@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace nurel::ui {
@@ -52,6 +53,12 @@ public:
     std::size_t getPage() const { return mWanted.page; }
     bool isDark() const { return mWanted.dark; }
 
+    /// For a page that is being connected: the object lives as long as the page.
+    void keep(std::shared_ptr<void> object) { mNextKept.push_back(std::move(object)); }
+
+    /// For a page that is shown, when components were taken out of it for good: they are let go at the next update().
+    void forgetRemoved() { mForgetRemoved = true; }
+
     /// To be called ahead of every frame. A page that cannot be read leaves the one before up, and the log says why.
     void update();
 
@@ -84,6 +91,9 @@ private:
     core::SmartPtr<viewer::RestylingSkin> mSkin;
     core::SmartPtr<nurel::ui::Widget> mWidget;
     core::SmartPtr<nurel::ui::Component> mPage;
+    std::vector<std::shared_ptr<void>> mKept;     ///< by the page
+    std::vector<std::shared_ptr<void>> mNextKept; ///< by the page that is being connected
+    bool mForgetRemoved = false;
     std::vector<nurel::ui::components::Button *> mPageButtons;
     nurel::ui::components::Button *mDarkButton = nullptr;
     Shown mWanted;

@@ -1,6 +1,7 @@
 #include "Page.h"
 
 #include "Gallery.h"
+#include "MotionPages.h"
 #include "PageCallbacks.h"
 
 #include "nui/ui/Component.h"
@@ -27,6 +28,8 @@ constexpr Page PAGES[] = {
     {"layout", "Layout", "Flows: direction, breaks, alignment", connectLayout},
     {"scrolling", "Scrolling", "Scrolled, nested, turned: what sticks out is clipped", connectScrolling},
     {"images", "Images", "Pictures, tinted signs, cells of one image", connectImages},
+    {"navigation", "Navigation", "Screens that slide, flip and fade, and go back", connectNavigation},
+    {"cover-flow", "Cover flow", "Ten thousand covers to throw; a few exist", connectCoverFlow},
 };
 
 ui::Component *findInside(const ui::Component &component, std::string_view path) {

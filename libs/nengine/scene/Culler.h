@@ -32,12 +32,19 @@ public:
     /// Visits one frame, unless it is hidden.
     virtual void process(Frame *frame, math::Frustum::EFrustumResult result);
 
+    /// Whether the camera looks at the back of what is being visited, which is then left out: all but the meshes that
+    /// write to the stencil, on which others may depend. A frame that knows better sets it while its children are
+    /// visited, and puts it back.
+    bool isBackSeen() const { return mBackSeen; }
+    void setBackSeen(bool seen) { mBackSeen = seen; }
+
     /// Called by a mesh that is to be drawn.
     virtual void insert(Mesh *mesh);
 
 private:
     VisibilitySet *mSet;
     const Camera *mCamera = nullptr;
+    bool mBackSeen = false;
 };
 
 } // namespace nurel::scene

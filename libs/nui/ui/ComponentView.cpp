@@ -77,20 +77,31 @@ void ComponentView::onVisible(scene::Culler *culler, math::Frustum::EFrustumResu
         if (!(position.x > -reach.x && position.x < reach.x && position.y > -reach.y && position.y < reach.y))
             return;
     }
-    if (culler->getCamera() && isTurnedAway(*culler->getCamera()))
-        return;
+    // What is not turned out of its parent's plane is seen as the parent is.
+    const scene::Camera *camera = mComponent && mComponent->getRotation()(2, 2) != 1 ? culler->getCamera() : nullptr;
+    if (!camera)
+        return scene::Node::onVisible(culler, result);
+    const bool isParentsBackSeen = culler->isBackSeen();
+    culler->setBackSeen(isTurnedAway(*camera));
     scene::Node::onVisible(culler, result);
+    culler->setBackSeen(isParentsBackSeen);
 }
 
 /// Whether the camera sees the back of the component, or just its edge.
 bool ComponentView::isTurnedAway(const scene::Camera &camera) const {
-    // What is not turned out of its parent's plane is seen as the parent is.
-    if (!mComponent || mComponent->getRotation()(2, 2) == 1)
-        return false;
     const math::Matrix4 &world = getWorldTransform();
-    const math::Vector3 front(world(2, 0), world(2, 1), world(2, 2)); // away from the viewer, as z is
-    const math::Vector3 place(world(3, 0), world(3, 1), world(3, 2));
-    return front.dot(place - camera.getPosition()) <= 0;
+    const auto axis = [&world](unsigned int row) {
+        return math::Vector3(world(row, 0), world(row, 1), world(row, 2));
+    };
+    // Upright on the component's plane and away from the viewer: z is as well, unless the scales above have slanted it.
+    math::Vector3 away = axis(0).cross(axis(1));
+    if (away.dot(axis(2)) < 0) // mirrored by a scale
+        away = -away;
+    const bool isPerspective = camera.getProjection()[11] != 0;
+    if (isPerspective)
+        return away.dot(axis(3) - camera.getPosition()) <= 0;
+    const math::Matrix4 view = camera.getWorldInverseTransform();
+    return away.dot(math::Vector3(view(0, 2), view(1, 2), view(2, 2))) <= 0;
 }
 
 scene::Node *ComponentView::getContent() {

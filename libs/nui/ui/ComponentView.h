@@ -62,8 +62,9 @@ public:
     /// Sorts the children's views by z-index; those with equal ones keep their order.
     void applyZIndex();
 
-    /// Draws nothing, the children neither, when the component lies wholly outside its parent's rectangle, or is turned
-    /// so far that the culler's camera looks at its back.
+    /// Draws nothing, the children neither, when the component lies wholly outside its parent's rectangle. What is
+    /// turned so far that the culler's camera looks at its back is not drawn either; a child that is turned back again
+    /// is.
     void onVisible(scene::Culler *culler, math::Frustum::EFrustumResult result) override;
     bool updateInternal(float time, bool parentChanged) override;
 

@@ -4,6 +4,7 @@
 #include "nengine/scene/Mesh.h"
 #include "nengine/scene/Node.h"
 #include "nengine/scene/VisibilitySet.h"
+#include "nengine/scene/properties/StencilProperty.h"
 
 #include <gtest/gtest.h>
 
@@ -57,6 +58,40 @@ TEST(Culler, TellsFramesOfItsCameraWhileItWalks) {
     EXPECT_EQ(culler->getCamera(), nullptr);
     culler->cull(nullptr, root.get());
     EXPECT_EQ(root->mCamera, nullptr);
+}
+
+/// Shows its back.
+class Turned : public Node {
+public:
+    void onVisible(Culler *culler, math::Frustum::EFrustumResult result) override {
+        culler->setBackSeen(true);
+        Node::onVisible(culler, result);
+    }
+};
+
+TEST(Culler, LeavesOutBacksButNotWhatOthersDependOnInTheStencil) {
+    using scene::properties::StencilProperty;
+    const core::SmartPtr<Turned> root(new Turned());
+    for (const char *name : {"a", "b", "c", "d"})
+        root->appendChild(new Mesh(name));
+    const auto setStencil = [&root](unsigned int index, bool enabled, unsigned int pass) {
+        core::SmartPtr<StencilProperty> stencil(new StencilProperty(""));
+        stencil->setEnabled(enabled);
+        stencil->setOperations(StencilProperty::KEEP, StencilProperty::KEEP, pass);
+        root->getChild(index)->setProperty(stencil.get());
+    };
+    setStencil(1, true, StencilProperty::INCREMENT);
+    setStencil(2, true, StencilProperty::KEEP);
+    setStencil(3, false, StencilProperty::INCREMENT);
+    root->update(0, true);
+    scene::VisibilitySet set;
+    const core::SmartPtr<Culler> culler(new Culler(&set));
+    culler->cull(nullptr, root.get());
+    EXPECT_EQ(names(set), "b");
+    EXPECT_TRUE(culler->isBackSeen());
+    const core::SmartPtr<Mesh> mesh(new Mesh("e"));
+    culler->cull(nullptr, mesh.get());
+    EXPECT_EQ(names(set), "e") << "each cull starts anew";
 }
 
 TEST(Culler, SkipsHiddenFramesWithEverythingBelow) {

@@ -235,6 +235,8 @@ protected:
     void look() {
         EXPECT_TRUE(isDrawnAt(0, 0));
         camera = new nurel::scene::Camera("camera");
+        nurel::math::Matrix4 projection;
+        camera->setProjection(projection.perspective(90, 1, 1, 10000));
         camera->setTranslation(box->getParentRelativePosition() + Vector3(0, 0, -1000));
     }
 
@@ -294,6 +296,52 @@ TEST_F(ComponentViewCulling, NothingInAComponentThatIsTurnedAwayIsDrawn) {
     box->setRotation(Matrix3(1, Vector3(0, 1, 0)));
     EXPECT_TRUE(isDrawnAt(0, 0));
     EXPECT_FALSE(isDrawnTurned(60)); // on top of the parent's turn of 57 degrees
+}
+
+TEST_F(ComponentViewCulling, WhatIsTurnedBackInAComponentThatIsTurnedAwayIsDrawn) {
+    look();
+    box->setRotation(Matrix3(3.14159f, Vector3(0, 1, 0)));
+    EXPECT_FALSE(isDrawnTurned(0));
+    EXPECT_TRUE(isDrawnTurned(180)); // the other face of a card
+    EXPECT_TRUE(isDrawnTurned(-120));
+    EXPECT_FALSE(isDrawnTurned(60));
+    // What comes behind it in the walk is seen as before
+    const core::SmartPtr<Leaf> next = addChild("next", 1);
+    next->setSize(Vector2(20, 10));
+    next->getView()->appendChild(new nurel::scene::meshes::SizeableRectangleMesh("next", Vector2(20, 10)));
+    EXPECT_FALSE(isDrawnTurned(0));
+    child->setVisible(false);
+    EXPECT_FALSE(isDrawnTurned(180));
+    box->setRotation(Matrix3());
+    EXPECT_TRUE(isDrawnTurned(180));
+}
+
+TEST_F(ComponentViewCulling, AScaleAboveMayTurnTheFaceAway) {
+    look();
+    // A hundred times as narrow, a face that is turned by 80 degrees stands at 89.9
+    box->setScale(Vector2(0.01f, 1));
+    EXPECT_TRUE(isDrawnTurned(-80, 0));
+    EXPECT_TRUE(isDrawnTurned(80, 0));
+    camera->setTranslation(camera->getTranslation() + Vector3(-50, 0, 0));
+    EXPECT_FALSE(isDrawnTurned(-80, 0));
+    EXPECT_TRUE(isDrawnTurned(80, 0));
+    box->setScale(Vector2(-0.01f, 1)); // mirrored
+    EXPECT_TRUE(isDrawnTurned(-80, 0));
+    EXPECT_FALSE(isDrawnTurned(80, 0));
+}
+
+TEST_F(ComponentViewCulling, WithoutPerspectiveThePlaceDoesNotCount) {
+    look();
+    camera->setProjection(nurel::math::Matrix4::IDENTITY);
+    for (const float x : {-50.0f, 0.0f, 50.0f}) {
+        EXPECT_TRUE(isDrawnTurned(89, x)) << x;
+        EXPECT_TRUE(isDrawnTurned(-89, x)) << x;
+        EXPECT_FALSE(isDrawnTurned(91, x)) << x;
+        EXPECT_FALSE(isDrawnTurned(-91, x)) << x;
+    }
+    camera->setRotation(Matrix3(0.5f, Vector3(0, 1, 0))); // 28.6 degrees
+    EXPECT_NE(isDrawnTurned(100), isDrawnTurned(-100));
+    EXPECT_NE(isDrawnTurned(80), isDrawnTurned(-80));
 }
 
 TEST_F(ComponentViewCulling, TheNaturalSizesCountWhateverTheScales) {

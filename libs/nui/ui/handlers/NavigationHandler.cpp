@@ -115,6 +115,14 @@ void NavigationHandler::processPending() {
         std::rethrow_exception(failure);
 }
 
+/// For an operation that may run at once: raises ahead of any change, also to the body, what it would raise later on.
+void NavigationHandler::checkCanShow(Component *body, Component *rightElement) {
+    if (!isGateOpen(body))
+        return;
+    checkCanTake(*mBodyContainer, body);
+    checkCanTake(*mNavigationBar, rightElement);
+}
+
 /// False when the request waits again.
 bool NavigationHandler::runPending(const Pending &pending) {
     BodyInfoPtr info = pending.info;
@@ -157,6 +165,7 @@ AnimationContext *NavigationHandler::pushBody(Component *body, const char *title
     if (!body)
         return nullptr;
     const Keeper self(this);
+    checkCanShow(body, rightElement);
     const core::SmartPtr<AnimationContext> animation(
         Transition::build(type, guessAnimationSourceBody(), body, duration, nullptr));
     pushBody(body, title, backText, rightElement, animation.get());
@@ -215,6 +224,7 @@ void NavigationHandler::setBody(Component *body, const char *title, const char *
 AnimationContext *NavigationHandler::setBody(Component *body, const char *title, const char *backText,
                                              Component *rightElement, float duration, Transition::Type type) {
     const Keeper self(this);
+    checkCanShow(body, rightElement);
     const core::SmartPtr<AnimationContext> animation(
         Transition::build(type, guessAnimationSourceBody(), body, duration, nullptr));
     setBody(body, title, backText, rightElement, animation.get());
@@ -229,8 +239,7 @@ void NavigationHandler::_setBody(const BodyInfoPtr &info) {
         return;
     }
     // 2.
-    checkCanTake(*mBodyContainer, info->body.get());
-    checkCanTake(*mNavigationBar, info->rightElement.get());
+    checkCanShow(info->body.get(), info->rightElement.get());
     if (mStack.empty()) {
         setRestoreAC(nullptr, nullptr);
     } else {

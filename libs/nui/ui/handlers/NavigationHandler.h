@@ -163,6 +163,7 @@ private:
         unsigned int number;
         core::SmartPtr<AnimationContext> animation;
         int id;
+        bool hasStarted;
     };
 
     static BodyInfoPtr newBodyInfo(Component *body, const char *title, const char *backText, Component *rightElement,
@@ -172,6 +173,7 @@ private:
     static void checkCanTake(Container &container, Component *child);
 
     bool isGateOpen(const Component *body) const;
+    void checkCanShow(Component *body, Component *rightElement);
     bool isPending(const Component *body) const;
     void clearPending();
     void processPending();

@@ -29,17 +29,21 @@ void NavigationHandler::change(AnimationContext *animation, Component *body, Nav
     mAnimatingBody = body;
     manager->commitAnimation(animation);
     const unsigned int number = ++mLastNumber;
-    const int id = animation->subscribeCallback([this, number, action, notify, kept = core::SmartPtr<Component>(body)](
-                                                    AnimationContext *context, const AnimationEvent &event) {
+    const core::SmartPtr<Component> kept(body);
+    const int id = animation->subscribeCallback([this, number, kept, action, notify](AnimationContext *context,
+                                                                                     const AnimationEvent &event) {
         const auto isThis = [number](const Running &running) { return running.number == number; };
         const auto found = std::find_if(mRunning.begin(), mRunning.end(), isThis);
         if (found == mRunning.end()) // it has ended already, and a subscriber behind failed
             return true;
+        found->hasStarted = found->hasStarted || event.getType() == AnimationEvent::STARTED;
+        if (!found->hasStarted) // the animation has just ended another transition, and is to run once more
+            return false;
         if (event.getType() == AnimationEvent::FINISHED)
             mRunning.erase(found);
         return setContainerBody(context, event, kept.get(), action, notify);
     });
-    mRunning.push_back({number, animation, id});
+    mRunning.push_back({number, animation, id, false});
 }
 
 /// True when that is done.

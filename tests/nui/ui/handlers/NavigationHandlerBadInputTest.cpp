@@ -96,13 +96,18 @@ TEST_F(NavigationHandlerBadInputTest, ABodyThatIsElsewhereLeavesTheStackAsItWas)
     const auto push = [&] { mHandler->pushBody(other.get(), nullptr, nullptr, nullptr, nullptr); };
     const auto slide = [&] { mHandler->pushBody(other.get(), nullptr, nullptr, nullptr, 0.1f, SLIDE); };
     const auto set = [&] { mHandler->setBody(other.get(), nullptr, nullptr, nullptr, nullptr); };
-    for (const std::function<void()> &run : std::initializer_list<std::function<void()>>{push, slide, set}) {
+    const auto fade = [&] {
+        mHandler->setBody(other.get(), nullptr, nullptr, nullptr, 0.1f, Transition::T_CROSS_FADE);
+    };
+    for (const std::function<void()> &run : std::initializer_list<std::function<void()>>{push, slide, set, fade}) {
         EXPECT_EQ(messageOf(run), HAS_A_PARENT);
         EXPECT_EQ(stack(), "a");
         EXPECT_EQ(shown(), "a");
         EXPECT_EQ(told(), Lines());
         EXPECT_FALSE(mHandler->isAnimating());
         EXPECT_EQ(other->getParent(), mWidget.get());
+        EXPECT_EQ(other->getComponentPosition().relative, nurel::math::Vector2(0, 0));
+        EXPECT_EQ(other->getOpacity(), 1);
     }
 }
 
@@ -126,6 +131,18 @@ TEST_F(NavigationHandlerBadInputTest, ARightElementThatIsElsewhereLeavesTheStack
     EXPECT_EQ(stack(), "a");
     EXPECT_EQ(shown(), "a");
     EXPECT_FALSE(b->hasParent());
+}
+
+TEST_F(NavigationHandlerBadInputTest, ABodyIsNotMovedForARightElementThatIsElsewhere) {
+    push(a);
+    const core::SmartPtr<Panel> other = elsewhere("other");
+    const auto fade = [&] {
+        mHandler->pushBody(b.get(), nullptr, nullptr, other.get(), 0.1f, Transition::T_CROSS_FADE);
+    };
+    EXPECT_EQ(messageOf(fade), HAS_A_PARENT);
+    EXPECT_EQ(b->getOpacity(), 1);
+    EXPECT_FALSE(b->hasParent());
+    EXPECT_EQ(stack(), "a");
 }
 
 TEST_F(NavigationHandlerBadInputTest, ARightElementThatIsPutElsewhereLaterIsNotShown) {
@@ -258,6 +275,88 @@ TEST_F(NavigationHandlerBadInputTest, ACallbackMayPushAtTheEndOfAPush) {
     EXPECT_EQ(title(), "c");
     EXPECT_EQ(told(), (Lines{"a push-end 1", "b push-end 0", "b push-begin 0", "c push-begin -1", "b push-end 1",
                              "c push-end 0"}));
+}
+
+TEST_F(NavigationHandlerBadInputTest, ACallbackMayPopAtTheEndOfAPush) {
+    push(a);
+    once(b, NAVIGATION_PUSH_END, [&] { mHandler->popBody(nullptr); });
+    slide(b);
+    frame();
+    told();
+    after(100);
+    // The way back begins, with the animation that has just brought the body in
+    EXPECT_EQ(told(), (Lines{"a push-end 1", "b push-end 0", "b pop-begin 0", "a pop-begin 1"}));
+    EXPECT_TRUE(mHandler->isAnimating());
+    EXPECT_EQ(shown(), "b a");
+    frame();
+    after(25);
+    EXPECT_EQ(place(*a) + " " + place(*b), "-600,0 200,0");
+    after(75);
+    EXPECT_EQ(told(), (Lines{"b pop-end -1", "a pop-end 0"}));
+    EXPECT_EQ(shown(), "a");
+    EXPECT_EQ(place(*a), "0,0");
+    EXPECT_FALSE(mHandler->isAnimating());
+}
+
+TEST_F(NavigationHandlerBadInputTest, AnAnimationMayServeTwoRequestsInARow) {
+    const core::SmartPtr<AnimationContext> both(new AnimationContext);
+    both->setDuration(0.1f);
+    mHandler->pushBody(a.get(), nullptr, nullptr, nullptr, both.get());
+    mHandler->pushBody(b.get(), nullptr, nullptr, nullptr, both.get());
+    settle();
+    EXPECT_EQ(mHandler->getBody(), a.get());
+    EXPECT_EQ(shown(), "a b");
+    EXPECT_TRUE(mHandler->isAnimating());
+    settle();
+    EXPECT_EQ(mHandler->getBody(), b.get());
+    EXPECT_FALSE(mHandler->isAnimating());
+}
+
+TEST_F(NavigationHandlerBadInputTest, ACallbackMayTakeTheTargetAndTheWidgetAway) {
+    push(a);
+    once(b, NAVIGATION_PUSH_BEGIN, [&] { mWidget->removeChild(mHandler->getTarget()); });
+    once(b, NAVIGATION_PUSH_END, [&] {
+        manager().clearWidgets();
+        mWidget = nullptr;
+    });
+    slide(b);
+    settle();
+    EXPECT_EQ(shown(), "b");
+    EXPECT_EQ(title(), "b");
+    mHandler->popBody(nullptr); // nobody sees it
+    settle();
+    EXPECT_EQ(shown(), "a");
+    EXPECT_FALSE(mHandler->isAnimating());
+}
+
+TEST_F(NavigationHandlerBadInputTest, MayGoWhenItAsksWhetherToPop) {
+    push(a);
+    push(b);
+    const core::SmartPtr<Component> button(&left());
+    mHandler->Handler::PopQueryCallbacks::subscribeCallback([this](Handler *, Component *, PopQueryResult &) {
+        mHandler = nullptr;
+        return false;
+    });
+    clickOn(*button);
+    EXPECT_EQ(a->getRefCount(), 1U);
+    EXPECT_EQ(b->getRefCount(), 1U);
+    clickOn(*button);
+}
+
+TEST_F(NavigationHandlerBadInputTest, WorksOutsideOfAnyWidgetAndBesideAnother) {
+    const core::SmartPtr<Handler> first = std::exchange(mHandler, new Handler(0, 0));
+    slide(a);
+    first->pushBody(c.get(), nullptr, nullptr, nullptr, nullptr);
+    EXPECT_FALSE(first->isAnimating());
+    EXPECT_TRUE(mHandler->isAnimating());
+    EXPECT_EQ(messageOf([&] { first->pushBody(a.get(), nullptr, nullptr, nullptr, nullptr); }), HAS_A_PARENT);
+    settle();
+    EXPECT_EQ(shown(), "a");
+    mHandler->popBody(nullptr);
+    settle();
+    EXPECT_EQ(shown(), "");
+    first->pushBody(a.get(), nullptr, nullptr, nullptr, nullptr);
+    EXPECT_EQ(first->getBody(), a.get());
 }
 
 TEST_F(NavigationHandlerBadInputTest, ACallbackMayPopWhatIsBeingPushed) {

@@ -4,6 +4,7 @@
 #include "nengine/geometry/MeshData.h"
 #include "nengine/geometry/MeshDataCO.h"
 #include "nengine/geometry/detail/MeshGeometry.h"
+#include "nengine/renderer/FrameStatistics.h"
 #include "nengine/renderer/Renderer.h"
 #include "nengine/scene/Culler.h"
 #include "nengine/scene/DrawContext.h"
@@ -62,6 +63,7 @@ void Mesh::computeBound() {
         return;
     buildLocal(needGeometry(), renderer ? renderer->getAtlasPtr() : nullptr);
     setChanged(false);
+    setFlag(WORLD_CHANGED, true); // its vertices in the world are out of date now
     updateBoundUpward();
 }
 
@@ -88,7 +90,7 @@ void Mesh::onVisible(Culler *culler, math::Frustum::EFrustumResult) {
     culler->insert(this);
 }
 
-const geometry::MeshGeometry &Mesh::prepareGeometry(const DrawContext &context, std::uint64_t &rebuiltVertices) {
+const geometry::MeshGeometry &Mesh::prepareGeometry(const DrawContext &context, renderer::FrameStatistics &statistics) {
     geometry::MeshGeometry &geometry = needGeometry();
     if (hasFlag(WORLD_CHANGED) || geometry.contextRevision != context.revision)
         noticeView(context);
@@ -97,6 +99,7 @@ const geometry::MeshGeometry &Mesh::prepareGeometry(const DrawContext &context, 
     if (isChanged()) {
         buildLocal(geometry, context.atlas);
         setChanged(false);
+        ++statistics.meshesBuilt;
         current = false;
     }
     current = current && geometry.getRevision() != 0 &&
@@ -106,7 +109,7 @@ const geometry::MeshGeometry &Mesh::prepareGeometry(const DrawContext &context, 
         buildWorld(geometry);
         setFlag(WORLD_CHANGED, false);
         mDrawStamp = static_cast<std::uint32_t>(geometry.getRevision());
-        rebuiltVertices += geometry.getVertexCount();
+        statistics.verticesRebuilt += geometry.getVertexCount();
     }
     return geometry;
 }

@@ -7,6 +7,10 @@ class LocalGeometry;
 class MeshGeometry;
 } // namespace nurel::geometry
 
+namespace nurel::renderer {
+struct FrameStatistics;
+}
+
 namespace nurel::texture {
 class Atlas;
 class Texture;
@@ -48,9 +52,9 @@ public:
 
     void onVisible(Culler *culler, math::Frustum::EFrustumResult result) override;
 
-    /// Brings what is drawn up to date and gives it out; it may be empty. For the renderer. Adds the vertices that had
-    /// to be computed to `rebuiltVertices`.
-    const geometry::MeshGeometry &prepareGeometry(const DrawContext &context, std::uint64_t &rebuiltVertices);
+    /// Brings what is drawn up to date and gives it out; it may be empty. For the renderer. Adds what had to be built
+    /// and the vertices that had to be computed to the statistics.
+    const geometry::MeshGeometry &prepareGeometry(const DrawContext &context, renderer::FrameStatistics &statistics);
 
     /// A number that changes with every change of what `prepareGeometry` gives out.
     std::uint32_t getDrawStamp() const { return mDrawStamp; }

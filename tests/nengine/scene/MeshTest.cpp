@@ -67,8 +67,8 @@ public:
 
     const geometry::MeshGeometry *prepare() {
         mesh->update(0, true);
-        rebuilt = 0;
-        const geometry::MeshGeometry &geometry = mesh->prepareGeometry(context, rebuilt);
+        statistics = {};
+        const geometry::MeshGeometry &geometry = mesh->prepareGeometry(context, statistics);
         return geometry.isEmpty() ? nullptr : &geometry;
     }
 
@@ -76,18 +76,19 @@ public:
 
     core::SmartPtr<Quad> mesh;
     scene::DrawContext context;
-    std::uint64_t rebuilt = 0;
+    renderer::FrameStatistics statistics;
 };
 
 TEST_F(MeshPreparation, BuildsOnceAndKeepsWhatIsDrawn) {
     const geometry::MeshGeometry *geometry = prepare();
     ASSERT_NE(geometry, nullptr);
     EXPECT_EQ(geometry->getVertexCount(), 4u);
-    EXPECT_EQ(rebuilt, 4u);
+    EXPECT_EQ(statistics.verticesRebuilt, 4u);
+    EXPECT_EQ(statistics.meshesBuilt, 1u);
     const std::uint64_t revision = geometry->getRevision();
     EXPECT_EQ(prepare(), geometry);
     EXPECT_EQ(geometry->getRevision(), revision);
-    EXPECT_EQ(rebuilt, 0u);
+    EXPECT_EQ(statistics.verticesRebuilt, 0u);
     EXPECT_EQ(mesh->builds, 1);
     EXPECT_EQ(mesh->views, 1);
 }
@@ -99,7 +100,8 @@ TEST_F(MeshPreparation, AMoveTransformsAgainWithoutBuilding) {
     ASSERT_EQ(prepare(), geometry);
     EXPECT_EQ(mesh->builds, 1);
     EXPECT_EQ(mesh->views, 2);
-    EXPECT_EQ(rebuilt, 4u);
+    EXPECT_EQ(statistics.verticesRebuilt, 4u);
+    EXPECT_EQ(statistics.meshesBuilt, 0u);
     EXPECT_EQ(geometry->getLayoutRevision(), layout);
     EXPECT_EQ(geometry->getVertices()[2].x, 12);
     EXPECT_EQ(geometry->getVertices()[2].y, 22);
@@ -135,7 +137,7 @@ TEST_F(MeshPreparation, AnotherViewIsNoticed) {
     context.revision = 2;
     prepare();
     EXPECT_EQ(mesh->views, 2);
-    EXPECT_EQ(rebuilt, 0u);
+    EXPECT_EQ(statistics.verticesRebuilt, 0u);
 }
 
 TEST_F(MeshPreparation, TheColourIsTheProductOfMaterialSecondColourAndVertex) {
@@ -206,6 +208,16 @@ TEST_F(MeshPreparation, ComputeBoundBuildsAndTellsTheParents) {
     EXPECT_EQ(mesh->builds, 1);
 }
 
+TEST_F(MeshPreparation, ComputeBoundBetweenTwoFramesLeavesNothingOfTheOldInTheNext) {
+    prepare();
+    mesh->size = 5;
+    mesh->setChanged(true);
+    mesh->computeBound();
+    EXPECT_FALSE(mesh->isUntouched());
+    EXPECT_EQ(prepare()->getVertices()[2].x, 5);
+    EXPECT_EQ(mesh->builds, 2);
+}
+
 TEST_F(MeshPreparation, ACloneTakesOverBuiltDataWhereTheOptionSaysSo) {
     prepare();
     core::CloningOptions all;
@@ -213,8 +225,8 @@ TEST_F(MeshPreparation, ACloneTakesOverBuiltDataWhereTheOptionSaysSo) {
     const core::SmartPtr<Quad> taken(static_cast<Quad *>(mesh->clone(all)));
     EXPECT_FALSE(taken->isChanged());
     EXPECT_EQ(taken->getMaxBound(), math::Vector2(2, 2));
-    ASSERT_FALSE(taken->prepareGeometry(context, rebuilt).isEmpty());
-    EXPECT_EQ(taken->prepareGeometry(context, rebuilt).getVertices()[2].x, 2);
+    ASSERT_FALSE(taken->prepareGeometry(context, statistics).isEmpty());
+    EXPECT_EQ(taken->prepareGeometry(context, statistics).getVertices()[2].x, 2);
     EXPECT_EQ(taken->builds, 0);
 
     core::CloningOptions none;
@@ -233,16 +245,16 @@ TEST(Mesh, RebuildsWhenItsTextureIsLoadedOrBecomesAnother) {
     const core::SmartPtr<texture::Texture> first(new texture::Texture("first"));
     property->getStage(0).setTexture(first.get());
     scene::DrawContext context;
-    std::uint64_t rebuilt = 0;
+    renderer::FrameStatistics statistics;
     EXPECT_EQ(mesh->getTexture(), first.get());
-    mesh->prepareGeometry(context, rebuilt);
-    mesh->prepareGeometry(context, rebuilt);
+    mesh->prepareGeometry(context, statistics);
+    mesh->prepareGeometry(context, statistics);
     EXPECT_EQ(mesh->builds, 1);
     property->getStage(0).setTexture(screen.makeTexture("second", 8, 8).get());
-    mesh->prepareGeometry(context, rebuilt);
+    mesh->prepareGeometry(context, statistics);
     EXPECT_EQ(mesh->builds, 2);
     property->getStage(0).setTexture(nullptr);
-    mesh->prepareGeometry(context, rebuilt);
+    mesh->prepareGeometry(context, statistics);
     EXPECT_EQ(mesh->builds, 3);
 }
 
@@ -251,8 +263,8 @@ TEST(Mesh, FlatRunsAreDrawnFromTheAtlasesWhiteTexel) {
     const core::SmartPtr<Quad> mesh(new Quad());
     scene::DrawContext context;
     context.atlas = screen.atlas.get();
-    std::uint64_t rebuilt = 0;
-    const geometry::MeshGeometry *geometry = &mesh->prepareGeometry(context, rebuilt);
+    renderer::FrameStatistics statistics;
+    const geometry::MeshGeometry *geometry = &mesh->prepareGeometry(context, statistics);
     ASSERT_EQ(geometry->getRuns().size(), 1u);
     EXPECT_EQ(geometry->getRuns()[0].page.get(), screen.atlas->getWhite().page);
     for (const renderer::DrawVertex &vertex : geometry->getVertices()) {
@@ -261,7 +273,7 @@ TEST(Mesh, FlatRunsAreDrawnFromTheAtlasesWhiteTexel) {
     }
     context.atlas = nullptr;
     context.revision = 7;
-    geometry = &mesh->prepareGeometry(context, rebuilt);
+    geometry = &mesh->prepareGeometry(context, statistics);
     EXPECT_FALSE(geometry->getRuns()[0].page);
     EXPECT_EQ(mesh->builds, 2);
 }

@@ -84,7 +84,7 @@ void DrawListBuilder::update(const std::vector<scene::Mesh *> &meshes, const mat
         scene::Mesh &mesh = *meshes[i];
         if (!looksChanged && isUnchanged(i, mesh))
             continue;
-        const geometry::MeshGeometry &geometry = mesh.prepareGeometry(mContext, statistics.verticesRebuilt);
+        const geometry::MeshGeometry &geometry = mesh.prepareGeometry(mContext, statistics);
         const State state = getState(mesh);
         if (!updateEntry(i, mesh, geometry, state, change)) {
             cut(i);

@@ -160,6 +160,51 @@ TEST_F(TextMeshDrawing, AMoveByWholePixelsRasterisesNothing) {
     EXPECT_EQ(getRasterized(), before);
 }
 
+TEST_F(TextMeshDrawing, WhileItMovesItIsNotBuiltAndStandsOnPixelsWhenItHasSettled) {
+    TextMesh *mesh = add("Moved along", 100, 100);
+    pass();
+    const auto built = [this] { return screen.getStatistics().meshesBuilt; };
+    float x = 100;
+    const auto step = [&] {
+        x += 10.3f;
+        mesh->setTranslation({x, 100.4f, 0});
+        pass();
+    };
+    step();
+    const auto first = built();
+    EXPECT_EQ(first, 2u);
+    expectOnPixels(getQuads());
+    const float offset = getQuads()[0].left - x;
+    for (int i = 0; i < 12; ++i) {
+        step();
+        EXPECT_NEAR(getQuads()[0].left - x, offset, 2e-3f) << i;
+    }
+    EXPECT_EQ(built(), first);
+    pass();
+    EXPECT_EQ(built(), first);
+    pass();
+    EXPECT_EQ(built(), first + 1);
+    expectOnPixels(getQuads());
+    pass();
+    pass();
+    EXPECT_EQ(built(), first + 1);
+}
+
+TEST_F(TextMeshDrawing, ASingleStepIsPlacedAtOnceAndOnce) {
+    TextMesh *mesh = add("Moved", 100, 100);
+    pass();
+    for (const float place : {0.3f, 0.6f}) {
+        const auto before = screen.getStatistics().meshesBuilt;
+        mesh->setTranslation({100 + place, 100 - place, 0});
+        pass();
+        EXPECT_EQ(screen.getStatistics().meshesBuilt, before + 1);
+        expectOnPixels(getQuads());
+        for (int i = 0; i < 4; ++i)
+            pass();
+        EXPECT_EQ(screen.getStatistics().meshesBuilt, before + 1);
+    }
+}
+
 TEST_F(TextMeshDrawing, AnIdleFrameSubmitsTheSameList) {
     add("Idle", 100, 100);
     pass();

@@ -110,9 +110,14 @@ bool TextRaster::noticeView(const DeviceView &view) {
     mLatest = view;
     const bool isFirst = !mSeen || mQuarters == 0 || mGeneration != TextSystem::getGlyphGeneration();
     mSeen = true;
-    if (!isFirst && view.hasScaleOf(mView) && (!view.aligned || view.hasFractionOf(mView)))
-        return false;
-    if (!isFirst && !view.hasScaleOf(mView)) {
+    if (!isFirst && view.hasScaleOf(mView)) {
+        const bool isUnderWay = mMoving > 0;
+        const bool fits = !view.aligned || view.hasFractionOf(mView);
+        if (isUnderWay || !fits)
+            mMoving = SETTLE_FRAMES;
+        if (isUnderWay || fits)
+            return false;
+    } else if (!isFirst) {
         mPending = SETTLE_FRAMES;
         const float wanted = static_cast<float>(mQuarters) / 4.0f * view.getScale() / mView.getScale();
         if (view.aligned == mView.aligned && GlyphCache::isNear(mQuarters, GlyphCache::toQuarters(wanted)))
@@ -124,10 +129,12 @@ bool TextRaster::noticeView(const DeviceView &view) {
 
 bool TextRaster::update() {
     const bool dropped = mQuarters != 0 && mGeneration != TextSystem::getGlyphGeneration();
+    const bool sizeSettles = mPending > 0 && --mPending == 0;
+    const bool placeSettles = mMoving > 0 && --mMoving == 0 && !mLatest.hasFractionOf(mView);
+    if (!dropped && !sizeSettles && !placeSettles)
+        return false;
     if (dropped)
         mPending = 0;
-    else if (mPending == 0 || --mPending > 0)
-        return false;
     mView = mLatest;
     return true;
 }

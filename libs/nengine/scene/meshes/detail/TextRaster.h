@@ -60,7 +60,8 @@ struct TextPlacement {
 ///
 /// Glyphs are rasterised for the size that reaches the screen, and upright ones are placed on whole pixels. While that
 /// size changes from frame to frame, glyphs of a size close to it are stretched; once it has held still for
-/// SETTLE_FRAMES updates the mesh is built with glyphs of just this size.
+/// SETTLE_FRAMES updates the mesh is built with glyphs of just this size. So it is with the place: a text that moves by
+/// parts of pixels is placed on whole ones with its first step, then only moved along, and placed anew at its end.
 class TextRaster {
 public:
     static constexpr std::uint8_t SETTLE_FRAMES = 2;
@@ -91,6 +92,7 @@ private:
     std::uint32_t mGeneration = 0;
     unsigned int mQuarters = 0; ///< glyph size of the vertices; 0: none
     std::uint8_t mPending = 0;  ///< updates until the size counts as settled
+    std::uint8_t mMoving = 0;   ///< updates until the place counts as settled
     bool mSeen = false;
 };
 

@@ -29,6 +29,7 @@ Meter::~Meter() {
     mState.counters["paragraphs_shaped"] = perIteration(shapedSoFar() - mShaped, mState);
     mState.counters["lists_rebuilt"] = perIteration(after.listsRebuilt - mBefore.listsRebuilt, mState);
     mState.counters["lists_same"] = perIteration(after.listsSubmittedAgain - mBefore.listsSubmittedAgain, mState);
+    mState.counters["meshes_built"] = perIteration(after.meshesBuilt - mBefore.meshesBuilt, mState);
     mState.counters["vertices_rebuilt"] = perIteration(after.verticesRebuilt - mBefore.verticesRebuilt, mState);
     mState.counters["vertices_written"] = perIteration(after.verticesWritten - mBefore.verticesWritten, mState);
     mState.counters["commands"] = static_cast<double>(after.commands);

@@ -34,7 +34,7 @@ using ui::handlers::NavigationHandler;
 
 namespace {
 
-constexpr float BAR_HEIGHT = 52;
+constexpr float BAR_HEIGHT = 56;
 constexpr float BAR_BUTTON_WIDTH = 100;
 constexpr float BAR_BUTTON_HEIGHT = 36;
 constexpr float TRANSITION_SECONDS = 0.4F;
@@ -107,7 +107,7 @@ private:
     void replaceByPlanet(const Planet &planet);
     void pushFacts(const Planet &planet);
     void goToList();
-    Transition::Type getChosen() const;
+    Transition::Type choose(ui::Component &screen) const;
     void showStack(const ui::Component *leaving) const;
 
     Gallery &mGallery;
@@ -141,6 +141,8 @@ NavigationPage::NavigationPage(const PageTools &tools)
 void NavigationPage::styleBar() const {
     NavigationBar &bar = *mScreens->getNavigationBar();
     bar.setName("bar");
+    bar.addClass("toolbar");
+    bar.setZIndex(1); // a screen that flips comes forward out of its frame, and goes behind the bar
     bar.getLabel()->setName("title");
     bar.getLabel()->addClass("heading");
     auto &back = static_cast<Button &>(*bar.getElement(NavigationBar::ELEMENT_LEFT));
@@ -183,13 +185,15 @@ core::SmartPtr<Button> NavigationPage::makeNextButton(const Planet &planet) {
 }
 
 void NavigationPage::pushPlanet(const Planet &planet) {
-    mScreens->pushBody(makePlanet(planet).get(), nullptr, nullptr, makeNextButton(planet).get(), TRANSITION_SECONDS,
-                       getChosen());
+    const core::SmartPtr<ui::Component> screen = makePlanet(planet);
+    mScreens->pushBody(screen.get(), nullptr, nullptr, makeNextButton(planet).get(), TRANSITION_SECONDS,
+                       choose(*screen));
 }
 
 void NavigationPage::replaceByPlanet(const Planet &planet) {
-    mScreens->setBody(makePlanet(planet).get(), nullptr, nullptr, makeNextButton(planet).get(), TRANSITION_SECONDS,
-                      getChosen());
+    const core::SmartPtr<ui::Component> screen = makePlanet(planet);
+    mScreens->setBody(screen.get(), nullptr, nullptr, makeNextButton(planet).get(), TRANSITION_SECONDS,
+                      choose(*screen));
 }
 
 void NavigationPage::pushFacts(const Planet &planet) {
@@ -201,7 +205,7 @@ void NavigationPage::pushFacts(const Planet &planet) {
     parts.find<Label>("day/value").setText(planet.day);
     parts.find<Label>("year/value").setText(planet.year);
     onClick(parts.find<Button>("to-list"), [this] { goToList(); });
-    mScreens->pushBody(screen.get(), nullptr, nullptr, nullptr, TRANSITION_SECONDS, getChosen());
+    mScreens->pushBody(screen.get(), nullptr, nullptr, nullptr, TRANSITION_SECONDS, choose(*screen));
 }
 
 /// What lies between leaves the stack unseen.
@@ -211,10 +215,15 @@ void NavigationPage::goToList() {
     mScreens->popBody();
 }
 
-Transition::Type NavigationPage::getChosen() const {
+/// The transition for a screen that is about to come in.
+Transition::Type NavigationPage::choose(ui::Component &screen) const {
     const auto checked =
         std::find_if(mChoices.begin(), mChoices.end(), [](const auto &radio) { return radio->isChecked(); });
-    return checked == mChoices.end() ? Transition::T_NONE : CHOICES[checked - mChoices.begin()].type;
+    const Transition::Type type =
+        checked == mChoices.end() ? Transition::T_NONE : CHOICES[checked - mChoices.begin()].type;
+    if (type == Transition::T_CROSS_FADE)
+        screen.setOpacity(0, true); // what is in it would be seen until the fade's first step
+    return type;
 }
 
 void NavigationPage::showStack(const ui::Component *leaving) const {

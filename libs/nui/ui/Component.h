@@ -259,7 +259,7 @@ public:
     const math::Vector4 &getPadding() const { return mBox.padding; }
     const BoxModel &getBox() const { return mBox; }
 
-    /// Do not compare.
+    /// Do not compare. Whoever looks at the back of a component neither sees nor hits it.
     void setRotation(const math::Matrix3 &rotation);
     const math::Matrix3 &getRotation() const { return mRotation; }
     math::Matrix3 &getRotation() { return mRotation; }

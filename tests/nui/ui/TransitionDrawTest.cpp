@@ -5,15 +5,24 @@
 #include "nui/ui/css/CSSSkin.h"
 #include "nui/ui/css/SheetText.h"
 
+#include <tuple>
+
 using namespace nurel::ui;
 using nurel::math::Vector2;
 
 namespace {
 
 /// Two screens of boxes with texts that are really drawn.
-class TransitionDrawTest : public test::ScenarioTest, public testing::WithParamInterface<Transition::Type> {
+class TransitionDrawTest : public test::ScenarioTest,
+                           public testing::WithParamInterface<std::tuple<Transition::Type, float>> {
 public:
+    static Transition::Type type() { return std::get<0>(GetParam()); }
+
+    /// How many units a pixel has: when it is not one, a component that moves by units stands between pixels.
+    static float scale() { return std::get<1>(GetParam()); }
+
     TransitionDrawTest() {
+        manager().setScale(Vector2(scale(), scale()));
         const core::SmartPtr<css::CSSSkin> skin(new css::CSSSkin("style"));
         skin->setStyleSheet(test::parseSheetText("label { color: #fff; } panel.box { background: #f00; }").release());
         SkinManager::getSingleton().setDefaultSkin(skin.get());
@@ -30,8 +39,8 @@ public:
     }
 
     void addBox(Panel &screen, int index) {
-        const core::SmartPtr<Panel> box = addPanel(screen, "box", 10 + static_cast<float>(index % 5) * 150,
-                                                   10 + static_cast<float>(index / 5) * 140, 120, 100);
+        const core::SmartPtr<Panel> box = addPanel(screen, "box", 10 + static_cast<float>(index % 5) * 120,
+                                                   10 + static_cast<float>(index / 5) * 110, 100, 80);
         box->addClass("box");
         const core::SmartPtr<components::Label> label(new components::Label("label"));
         label->setSize(Vector2(100, 20));
@@ -53,10 +62,10 @@ public:
 } // namespace
 
 TEST_P(TransitionDrawTest, DrawsBothFromTheGeometryThatTheyHave) {
-    const core::SmartPtr<AnimationContext> change(Transition::build(GetParam(), mFrom.get(), mTo.get(), 1, nullptr));
+    const core::SmartPtr<AnimationContext> change(Transition::build(type(), mFrom.get(), mTo.get(), 1, nullptr));
     manager().commitAnimation(change.get());
-    for (int i = 0; i < 3; ++i)
-        draw(7); // by 5.6 pixels across, by 4.2 down
+    for (int i = 0; i < 8; ++i) // texts are placed on pixels with the first step between them
+        draw(7);
     const std::uint64_t built = statistics().meshesBuilt;
     const std::uint64_t computed = statistics().verticesRebuilt;
     const std::uint64_t lists = statistics().listsRebuilt;
@@ -70,8 +79,13 @@ TEST_P(TransitionDrawTest, DrawsBothFromTheGeometryThatTheyHave) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Transitions, TransitionDrawTest,
-                         testing::Values(Transition::T_SLIDEIN_HORIZONTAL_RIGHT_TO_LEFT,
-                                         Transition::T_SLIDEIN_HORIZONTAL_LEFT_TO_RIGHT,
-                                         Transition::T_SLIDEIN_VERTICAL_BOTTOM_TO_TOP,
-                                         Transition::T_SLIDEIN_VERTICAL_TOP_TO_BOTTOM, Transition::T_CROSS_FADE),
-                         [](const auto &type) { return std::string(Transition::unparse(type.param)); });
+                         testing::Combine(testing::Values(Transition::T_SLIDEIN_HORIZONTAL_RIGHT_TO_LEFT,
+                                                          Transition::T_SLIDEIN_HORIZONTAL_LEFT_TO_RIGHT,
+                                                          Transition::T_SLIDEIN_VERTICAL_BOTTOM_TO_TOP,
+                                                          Transition::T_SLIDEIN_VERTICAL_TOP_TO_BOTTOM,
+                                                          Transition::T_CROSS_FADE),
+                                          testing::Values(1.0f, 0.8f)),
+                         [](const auto &parameters) {
+                             const std::string word = Transition::unparse(std::get<0>(parameters.param));
+                             return std::get<1>(parameters.param) == 1 ? word : word + "_SCALED";
+                         });

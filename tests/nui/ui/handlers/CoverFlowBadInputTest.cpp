@@ -61,6 +61,19 @@ private:
     const bool mIsNull;
 };
 
+/// Does something the first time that it is copied.
+class Meddling : public test::Cover {
+public:
+    using nurel::core::Object::clone;
+    nurel::core::Object *clone(core::CloningOptions &options) const override {
+        if (const std::function<void()> act = std::exchange(mOnClone, nullptr))
+            act();
+        return Cover::clone(options);
+    }
+
+    mutable std::function<void()> mOnClone;
+};
+
 class Failing : public test::Cover {
 public:
     using nurel::core::Object::clone;
@@ -387,6 +400,7 @@ TEST_F(CoverFlowBadInputTest, MayBeChangedByItsProvider) {
     mEntries->mOnUpdate = [&](unsigned int, Component *) { mFlow->setDataProvider(other.get()); };
     mFlow->setDataProvider(mEntries.get());
     EXPECT_EQ(mFlow->getDataProvider(), other.get());
+    EXPECT_EQ(mEntries->updates(), (Indexes{0}));
     EXPECT_EQ(children(), (Lines{"(hidden)-2", "(hidden)-1", "in(hidden)", "2", "1", "0"}));
     other->mOnUpdate = [&](unsigned int index, Component *) {
         if (index == 3)
@@ -428,6 +442,32 @@ TEST_F(CoverFlowBadInputTest, EndsOfChildrenMayLookAtIt) {
     EXPECT_EQ(blurs, 1);
     EXPECT_EQ(mFlow->getExtraCount(), 3u);
     EXPECT_EQ(container().getChildCount(), 8u);
+    dragAround();
+}
+
+TEST_F(CoverFlowBadInputTest, MayBeChangedWhenAnItemIsHidden) {
+    fill(5);
+    find(7)->setTabStop(0);
+    find(7)->setFocus();
+    ASSERT_TRUE(find(7)->hasFocus());
+    container().FilterCallbacks::subscribeCallback([&](UIEventHandler *, const UIEvent &, UIEventHandler *&) {
+        mFlow->setExtraCount(1);
+        return true;
+    });
+    mEntries->mCount = 7;
+    mFlow->refresh();
+    EXPECT_EQ(children(), (Lines{"4", "in(hidden)", "6", "5"}));
+}
+
+TEST_F(CoverFlowBadInputTest, MayBeChangedByItsTemplate) {
+    const core::SmartPtr<Meddling> meddling(new Meddling);
+    fill(5);
+    meddling->mOnClone = [&] { mFlow->setExtraCount(1); };
+    mFlow->setItemTemplate(meddling.get());
+    EXPECT_EQ(mFlow->getCurrentElement(), find(0));
+    mFlow->setCurrent(5, false);
+    EXPECT_EQ(mFlow->getCurrentElement(), find(5));
+    expectPlace(4, -400, -SIDE, 0.7f);
     dragAround();
 }
 

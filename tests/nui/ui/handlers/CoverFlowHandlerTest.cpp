@@ -76,6 +76,7 @@ TEST_F(CoverFlowHandlerTest, IsEmptyUntilItHasTemplateAndProvider) {
 }
 
 TEST_F(CoverFlowHandlerTest, PutsItemsIntoSlotsNearerOnesAboveFartherOnes) {
+    mTemplate->setAnchor(Component::ANCHOR_TOP_LEFT);
     fill(5);
     const Lines order{"3", "4", "in(hidden)", "7", "6", "5"};
     EXPECT_EQ(children(), order);
@@ -229,6 +230,15 @@ TEST_F(CoverFlowHandlerTest, DoesNotBringTheManagerToLifeByItsEnd) {
     UIManager::shutdown();
     flow = nullptr;
     EXPECT_FALSE(UIManager::isSingletonCreated());
+}
+
+TEST_F(CoverFlowHandlerTest, EndsItsSubscriptionAtItsEnd) {
+    UIManager::StageCallbacks &stages = manager().getStageCallbacks();
+    const int before = stages.subscribeCallback([](UIManager::StageEvent) { return false; });
+    core::SmartPtr<CoverFlowHandler> flow(new CoverFlowHandler);
+    flow = nullptr;
+    EXPECT_FALSE(stages.unsubscribeCallback(before + 1));
+    EXPECT_TRUE(stages.unsubscribeCallback(before));
 }
 
 TEST_F(CoverFlowHandlerTest, LeavesTheSubscriptionsOfALaterManagerAlone) {

@@ -100,9 +100,12 @@ core::SmartPtr<Panel> makeScreen(const std::string &text) {
     return screen;
 }
 
-/// The type is the first argument. Every frame that is measured lies within the transition.
+/// The type is the first argument, units to a hundred pixels the second. Every frame that is measured lies within the
+/// transition.
 void changeScreens(State &state) {
     Stage stage;
+    const float scale = static_cast<float>(state.range(1)) / 100;
+    UIManager::getSingleton().setScale(Vector2(scale, scale));
     const core::SmartPtr<CSSSkin> skin(new CSSSkin("bench"));
     nurel::stream::MemoryInputStream sheet("sheet", SHEET);
     skin->setStyleSheet(nurel::ui::css::CSSParser().parse(&sheet));
@@ -116,9 +119,9 @@ void changeScreens(State &state) {
     stage.show(widget.get());
     const core::SmartPtr<AnimationContext> change(
         Transition::build(static_cast<Transition::Type>(state.range(0)), from.get(), to.get(),
-                          static_cast<float>(state.max_iterations + 10) / 60, nullptr));
+                          static_cast<float>(state.max_iterations + 20) / 60, nullptr));
     UIManager::getSingleton().commitAnimation(change.get());
-    for (int i = 0; i < 3; ++i)
+    for (int i = 0; i < 10; ++i)
         stage.measuredFrame();
     const std::uint64_t placed = CountedPanel::PLACED;
     const std::uint64_t passes = CountedFlow::PASSES;
@@ -135,6 +138,9 @@ void changeScreens(State &state) {
 
 } // namespace
 
-BENCHMARK(changeScreens)->DenseRange(1, 7)->Iterations(100)->Unit(benchmark::kMicrosecond);
+BENCHMARK(changeScreens)
+    ->ArgsProduct({benchmark::CreateDenseRange(1, 7, 1), {100, 125}})
+    ->Iterations(100)
+    ->Unit(benchmark::kMicrosecond);
 
 } // namespace bench

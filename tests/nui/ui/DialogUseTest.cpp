@@ -1,0 +1,236 @@
+// Dialogs in rough use: taken off the stage by others, shown from their own answer, without input or a skin.
+#include "nui/ui/DialogFixture.h"
+
+#include "nui/ui/AnimationContext.h"
+#include "nui/ui/UIEventHandler.h"
+#include "nui/ui/components/Button.h"
+#include "nui/ui/components/Label.h"
+#include "nui/ui/components/Panel.h"
+
+namespace nurel::ui {
+
+using components::Button;
+using components::Label;
+using components::Panel;
+using test::DialogTest;
+
+// --- Taken off the stage
+
+TEST_F(DialogTest, ADialogThatTheStageWasClearedOfCanStillBeAnswered) {
+    const core::SmartPtr<Dialog> dialog = ask();
+    const core::Future<DialogResult> future = open(*dialog);
+    manager().clearWidgets();
+    frame();
+    EXPECT_EQ(Dialog::getCurrentModal(), dialog.get());
+    dialog->close(DIALOG_DECLINED);
+    EXPECT_EQ(future.get(), DIALOG_DECLINED);
+    settle();
+    EXPECT_TRUE(manager().isEnabled());
+    EXPECT_EQ(manager().getWidgetCount(), 0U);
+}
+
+TEST_F(DialogTest, ADialogThatIsRemovedWhileItOpensGivesInputBack) {
+    const core::SmartPtr<Dialog> dialog = ask();
+    dialog->showModal(Dialog::BUTTON_CLOSE);
+    frame();
+    manager().removeWidget(dialog.get());
+    settle();
+    EXPECT_TRUE(manager().isEnabled());
+    dialog->close(DIALOG_ACCEPTED);
+    settle();
+    EXPECT_TRUE(manager().isEnabled());
+}
+
+TEST_F(DialogTest, ADialogUnderAnotherMayBeAnsweredFirst) {
+    const core::SmartPtr<Dialog> below = ask();
+    const core::SmartPtr<Dialog> above = ask(Dialog::FLAG_OK, "above");
+    const core::Future<DialogResult> ofBelow = open(*below);
+    const core::Future<DialogResult> ofAbove = open(*above);
+    below->close(DIALOG_DECLINED);
+    EXPECT_EQ(ofBelow.get(), DIALOG_DECLINED);
+    EXPECT_FALSE(ofAbove.isSet());
+    EXPECT_EQ(Dialog::getCurrentModal(), above.get());
+    settle();
+    EXPECT_FALSE(manager().hasWidget(below.get()));
+    EXPECT_TRUE(manager().hasWidget(above.get()));
+    click(part<Component>(above, "bOK"));
+    EXPECT_EQ(ofAbove.get(), DIALOG_ACCEPTED);
+}
+
+// --- In the middle of an answer
+
+TEST_F(DialogTest, ADialogThatItsOwnAnswerShowsAgainWaitsForANewAnswer) {
+    const core::SmartPtr<Dialog> dialog = ask();
+    std::vector<core::Future<DialogResult>> futures;
+    dialog->Dialog::ResultCallbacks::subscribeCallback([&](Dialog *closed, DialogResult) {
+        futures.push_back(closed->showModal(Dialog::BUTTON_CLOSE));
+        return true;
+    });
+    const core::Future<DialogResult> first = open(*dialog);
+    dialog->close(DIALOG_DECLINED);
+    EXPECT_EQ(first.get(), DIALOG_DECLINED);
+    ASSERT_EQ(futures.size(), 1U);
+    EXPECT_FALSE(futures[0].isSet());
+    settle();
+    EXPECT_TRUE(manager().hasWidget(dialog.get()));
+    EXPECT_TRUE(manager().isEnabled());
+    dialog->close(DIALOG_ACCEPTED);
+    EXPECT_EQ(futures[0].get(), DIALOG_ACCEPTED);
+    settle();
+    EXPECT_EQ(manager().getWidgetCount(), 0U);
+}
+
+TEST_F(DialogTest, AnAnswerMayChangeFlagsAndTexts) {
+    const core::SmartPtr<Dialog> dialog = ask(Dialog::FLAG_YES | Dialog::FLAG_NO);
+    dialog->Dialog::ResultCallbacks::subscribeCallback([](Dialog *closed, DialogResult) {
+        closed->setFlags(Dialog::FLAG_ERROR | Dialog::FLAG_OK);
+        closed->setTitle("Closing");
+        return false;
+    });
+    open(*dialog);
+    click(part<Component>(dialog, "bYes"));
+    settle();
+    EXPECT_STREQ(dialog->getTitle(), "Closing");
+    EXPECT_FALSE(dialog->getButton(Dialog::BUTTON_YES)->isSelfVisible());
+}
+
+TEST_F(DialogTest, AnAnswerMayForgetAllDialogs) {
+    const core::SmartPtr<Dialog> below = ask();
+    const core::SmartPtr<Dialog> dialog = ask();
+    const core::Future<DialogResult> ofBelow = open(*below);
+    dialog->Dialog::ResultCallbacks::subscribeCallback([](Dialog *, DialogResult) {
+        Dialog::shutdown();
+        return false;
+    });
+    const core::Future<DialogResult> future = open(*dialog);
+    dialog->close(DIALOG_ACCEPTED);
+    EXPECT_EQ(future.get(), DIALOG_ACCEPTED);
+    EXPECT_EQ(ofBelow.get(), DIALOG_CANCELLED);
+    settle();
+    EXPECT_TRUE(manager().isEnabled());
+    EXPECT_FALSE(manager().hasWidget(dialog.get()));
+}
+
+TEST_F(DialogTest, AButtonThatIsDisabledDoesNotAnswer) {
+    const core::SmartPtr<Dialog> dialog = ask(Dialog::FLAG_NO);
+    Component &no = part<Component>(dialog, "bNo");
+    const core::Future<DialogResult> future = open(*dialog);
+    no.setEnabled(false);
+    const auto at = no.getWorldPosition();
+    click(static_cast<int>(at.x), static_cast<int>(at.y));
+    EXPECT_FALSE(future.isSet());
+    no.setEnabled(true);
+    moveTo(static_cast<int>(at.x), static_cast<int>(at.y));
+    press();
+    no.setEnabled(false); // between press and release
+    release();
+    EXPECT_FALSE(future.isSet());
+    EXPECT_EQ(Dialog::getCurrentModal(), dialog.get());
+}
+
+TEST_F(DialogTest, AWindowThatIsMovedToAnotherDialogStillAnswersItsOwn) {
+    const core::SmartPtr<Dialog> first = ask(Dialog::FLAG_OK, "first");
+    const core::SmartPtr<Dialog> second = ask(Dialog::FLAG_NO, "second");
+    const core::SmartPtr<Container> window(first->getWindow());
+    first->removeChild(window.get());
+    second->clearChildren();
+    second->addChild(window.get());
+    const core::Future<DialogResult> ofFirst = open(*first);
+    const core::Future<DialogResult> ofSecond = open(*second);
+    EXPECT_EQ(second->getFlags(), Dialog::FLAG_OK);
+    click(part<Component>(second, "bOK"));
+    EXPECT_EQ(ofFirst.get(), DIALOG_ACCEPTED);
+    EXPECT_FALSE(ofSecond.isSet());
+    settle();
+    EXPECT_TRUE(manager().isEnabled());
+}
+
+// --- An animation that is open
+
+TEST_F(DialogTest, WhatIsMadeWhileAnAnimationIsOpenIsReadyWhenItHasRun) {
+    manager().beginAnimation();
+    const core::SmartPtr<Dialog> dialog = ask(Dialog::FLAG_YES);
+    EXPECT_EQ(dialog->getComponentSize().relative, Vector2(1, 1));
+    manager().getCurrentAnimation()->setDuration(0.1F);
+    manager().commitAnimation();
+    settle();
+    EXPECT_TRUE(dialog->getButton(Dialog::BUTTON_YES)->isSelfVisible());
+    EXPECT_FALSE(dialog->getButton(Dialog::BUTTON_NO)->isSelfVisible());
+}
+
+// --- Texts of any kind
+
+TEST_F(DialogTest, TextsMayBeMalformedOrVeryLong) {
+    const std::string lengthy(50000, 'x');
+    const std::string texts[] = {"", "\xff\xfe%d\xc3", "%s%n", "${unknown}", lengthy};
+    for (const std::string &text : texts) {
+        const core::SmartPtr<Dialog> dialog =
+            Dialog::newDialog(text.c_str(), text.c_str(), text.c_str(), Dialog::FLAG_OK);
+        dialog->setButtonText(Dialog::BUTTON_OK, text.c_str());
+        open(*dialog);
+        EXPECT_EQ(dialog->getTitle(), text);
+        EXPECT_EQ(part<Label>(dialog, "lText").getText(), text);
+        EXPECT_EQ(dialog->getButtonText(Dialog::BUTTON_OK), text);
+        dialog->close(DIALOG_ACCEPTED);
+        settle();
+    }
+}
+
+// --- Without what it usually has
+
+TEST_F(DialogTest, WithoutASkinTheDialogIsNotPlacedAndCanBeAnswered) {
+    SkinManager::getSingleton().setDefaultSkin(nullptr);
+    const core::SmartPtr<Dialog> dialog = ask();
+    const core::Future<DialogResult> future = dialog->showModal(Dialog::BUTTON_OK);
+    EXPECT_NE(messageOf([] { manager().updateEvents(); }), "nothing was raised");
+    dialog->close(DIALOG_DECLINED);
+    EXPECT_EQ(future.get(), DIALOG_DECLINED);
+    settle();
+    EXPECT_EQ(manager().getWidgetCount(), 0U);
+    EXPECT_TRUE(manager().isEnabled());
+}
+
+namespace {
+
+class DialogWithoutInputTest : public test::ManagerTest {
+public:
+    static EngineConfig withoutInput() {
+        EngineConfig config = ManagerTest::config();
+        config.input = false;
+        return config;
+    }
+
+    DialogWithoutInputTest() : ManagerTest(withoutInput()) {}
+};
+
+} // namespace
+
+TEST_F(DialogWithoutInputTest, ADialogOpensAndClosesAndItsControlsBearIt) {
+    const core::SmartPtr<Panel> prototype(new Panel("window"));
+    for (const char *name : {"pTitle", "pBody", "pButtons", "bClose"})
+        prototype->addChild(new Panel(name));
+    for (const char *name : {"bOK", "bYes", "bNo", "bCancel"})
+        prototype->addChild(new Button(name));
+    prototype->addChild(new Label("lTitle"));
+    UIComponentFactory::getSingleton().registerTemplate("dialog", prototype.get());
+    const core::SmartPtr<Panel> body(new Panel("body"));
+    body->addChild(new components::Slider("slider"));
+    body->addChild(new components::Selector("selector"));
+    body->addChild(new components::Progress("progress"));
+    const core::SmartPtr<Dialog> dialog(Dialog::newDialog("n", "T", body.get(), Dialog::FLAG_OK));
+    const core::Future<DialogResult> future = dialog->showModal(Dialog::BUTTON_OK);
+    frame();
+    advance(0.25);
+    frame();
+    EXPECT_TRUE(manager().hasWidget(dialog.get()));
+    dialog->close(DIALOG_ACCEPTED);
+    frame();
+    advance(0.25);
+    frame();
+    frame();
+    EXPECT_EQ(future.get(), DIALOG_ACCEPTED);
+    EXPECT_FALSE(manager().hasWidget(dialog.get()));
+    EXPECT_TRUE(manager().isEnabled());
+}
+
+} // namespace nurel::ui

@@ -28,7 +28,6 @@ using nurel::ui::Widget;
 namespace {
 
 constexpr int TOLERANCE = 4;
-constexpr std::size_t PIXELS_PER_OUTLIER = 1000;
 constexpr int FRAMES = 5;
 constexpr float BACKGROUND[] = {0.1F, 0.1F, 0.12F, 1};
 
@@ -102,7 +101,7 @@ nurel::scene::Node &GoldenFixture::makeNode() {
     return *node;
 }
 
-void GoldenFixture::expectPicture(const std::string &name) {
+void GoldenFixture::expectPicture(const std::string &name, std::size_t outliers) {
     UIManager &manager = UIManager::getSingleton();
     manager.getRoot()->updateProperties();
     for (int i = 0; i < FRAMES; ++i) {
@@ -130,14 +129,13 @@ void GoldenFixture::expectPicture(const std::string &name) {
     ASSERT_EQ(expected.width, WIDTH);
     ASSERT_EQ(expected.height, HEIGHT);
     std::vector<std::uint8_t> difference;
-    const std::size_t pixels = std::size_t{WIDTH} * HEIGHT;
-    const std::size_t outliers = compare(expected.rgba.get(), actual.data(), pixels, difference);
-    if (outliers > pixels / PIXELS_PER_OUTLIER) {
+    const std::size_t different = compare(expected.rgba.get(), actual.data(), std::size_t{WIDTH} * HEIGHT, difference);
+    if (different > outliers) {
         std::filesystem::create_directories(RESULTS);
         const std::string base = std::string(RESULTS "/") + name;
         nurel::texture::savePng((base + "-actual.png").c_str(), WIDTH, HEIGHT, actual.data());
         nurel::texture::savePng((base + "-difference.png").c_str(), WIDTH, HEIGHT, difference.data());
-        ADD_FAILURE() << outliers << " pixels differ from " << reference << "; see " << base << "-actual.png";
+        ADD_FAILURE() << different << " pixels differ from " << reference << "; see " << base << "-actual.png";
     }
 }
 

@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <memory>
 #include <string>
 
@@ -39,10 +40,13 @@ protected:
     /// A node at the stage's centre, above the widgets; x to the right, y down, one unit a pixel.
     nurel::scene::Node &makeNode();
 
+    /// One pixel in a thousand.
+    static constexpr std::size_t OUTLIERS = std::size_t{WIDTH} * HEIGHT / 1000;
+
     /// Draws a few frames and compares the last with the reference of that name: at most 4 of 255 a channel, but for
-    /// one pixel in a thousand. On a difference the picture and what differs are left in out/golden. With
-    /// NUI_UPDATE_GOLDEN set the reference is written instead.
-    void expectPicture(const std::string &name);
+    /// so many pixels, which must be fewer than what the picture is to show. On a difference the picture and what
+    /// differs are left in out/golden. With NUI_UPDATE_GOLDEN set the reference is written instead.
+    void expectPicture(const std::string &name, std::size_t outliers = OUTLIERS);
 
     nurel::Engine &engine() { return *mEngine; }
 

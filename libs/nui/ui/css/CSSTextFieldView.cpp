@@ -88,7 +88,9 @@ void CSSTextFieldView::updateView() {
     const bool hasFocus =
         mTextMesh && UIManager::isSingletonCreated() && UIManager::getSingleton().getFocus() == getComponent();
     mCaret->setHidden(!hasFocus);
-    static_cast<BlinkHandler *>(mCaret->getHandler(BlinkHandler::TYPE))->setEnabled(hasFocus);
+    auto *blink = static_cast<BlinkHandler *>(mCaret->getHandler(BlinkHandler::TYPE));
+    blink->setEnabled(false); // a caret that was moved is seen first, however far the blinking had come
+    blink->setEnabled(hasFocus);
     mCaretPending = hasFocus;
 }
 

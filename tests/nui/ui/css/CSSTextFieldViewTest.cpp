@@ -112,6 +112,27 @@ TEST_F(CSSTextFieldViewTest, ShowsABlinkingCaretWhileTheFieldHasTheFocus) {
     EXPECT_TRUE(caret().isHidden());
 }
 
+TEST_F(CSSTextFieldViewTest, ACaretThatIsMovedIsSeenAtOnce) {
+    addField();
+    mField->setText("abc");
+    mField->setFocus();
+    frame();
+    advance(0.6);
+    frame();
+    EXPECT_TRUE(caret().isHidden());
+    tap(Keyboard::K_LEFT);
+    EXPECT_FALSE(caret().isHidden());
+    advance(0.4);
+    frame();
+    EXPECT_FALSE(caret().isHidden());
+    advance(0.2);
+    frame();
+    EXPECT_TRUE(caret().isHidden());
+    manager().textInput("d");
+    frame();
+    EXPECT_FALSE(caret().isHidden());
+}
+
 TEST_F(CSSTextFieldViewTest, AnEmptyFieldShowsItsCaretToo) {
     addField();
     mField->setPlaceholderText("Name");

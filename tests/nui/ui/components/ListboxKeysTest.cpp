@@ -24,6 +24,17 @@ TEST_F(ListboxKeysTest, KeysActWhenTheyAreReleased) {
     EXPECT_EQ(mList->getSelectedIndex(), -1);
 }
 
+TEST_F(ListboxKeysTest, SubscribersOfAKeySeeWhatItDid) {
+    gainFocus();
+    Lines told;
+    mList->KeyCallbacks::subscribeCallback([&](UIEventHandler *, const KeyEvent &event) {
+        told.push_back((event.isPressed() ? "down " : "up ") + focused());
+        return false;
+    });
+    tap(Keyboard::K_DOWN);
+    EXPECT_EQ(told, (Lines{"down a", "up b"}));
+}
+
 TEST_F(ListboxKeysTest, TheKeysAreThoseOfTheirScanCodes) {
     EXPECT_EQ(Keyboard::K_UP, 0xC8);
     EXPECT_EQ(Keyboard::K_DOWN, 0xD0);

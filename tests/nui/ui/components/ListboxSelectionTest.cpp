@@ -200,6 +200,24 @@ TEST_F(ListboxSelectionTest, AClickSelectsARowAndTellsOfIt) {
     EXPECT_EQ(seen(), (Lines{"list 2 is 2", "list 0 is 0"}));
 }
 
+TEST_F(ListboxSelectionTest, TheListTellsOfAClickFirstThenOfTheSelectionAndTheFocusComesLast) {
+    mList->setSelectedIndex(3, false);
+    Lines told;
+    const auto note = [this, &told](const char *what) {
+        told.push_back(std::string(what) + ": " + std::to_string(mList->getSelectedIndex()) + ", checked " + checked() +
+                       ", focus " + focused());
+        return false;
+    };
+    mList->ClickCallbacks::subscribeCallback([&](UIEventHandler *, const ClickEvent &) { return note("click"); });
+    mList->SelectionCallbacks::subscribeCallback([&](Listbox *, int) { return note("selection"); });
+    clickRow(1);
+    EXPECT_EQ(told, (Lines{"click: 3, checked d, focus b", "selection: 1, checked b, focus b"}));
+    told.clear();
+    mList->setSelectedIndex(0, true);
+    EXPECT_EQ(told, (Lines{"selection: 0, checked a, focus b"}));
+    EXPECT_EQ(focused(), "a");
+}
+
 TEST_F(ListboxSelectionTest, APressMovesTheFocusAndTheSelectionWaits) {
     moveTo(150, yOf(1));
     press();

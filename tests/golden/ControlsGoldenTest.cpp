@@ -28,7 +28,8 @@ protected:
         useSheet(std::string(GetParam()) + ".css");
     }
 
-    void expectLook(const std::string &name) { expectPicture(name + "-" + GetParam()); }
+    /// A state may show in a few pixels alone.
+    void expectLook(const std::string &name) { expectPicture(name + "-" + GetParam(), 8); }
 
     static void addStateOfCombo(const std::string &name, unsigned int state) {
         for (const char *part : {"", "/label", "/icon"})
@@ -37,6 +38,8 @@ protected:
 
     static Component &row(const char *list, int index) { return *find<Listbox>(list).getItemEntry(index)->item; }
 };
+
+class PlainControlsGolden : public LookFixture {};
 
 } // namespace
 
@@ -92,6 +95,11 @@ TEST_P(ControlsGolden, AnOpenCombo) {
     addState(row("combo", 1), HOVER);
     row("combo", 2).setEnabled(false);
     expectLook("controls-combo-open");
+}
+
+TEST_F(PlainControlsGolden, WithoutASheetThereAreStageAndLabelsAlone) {
+    showTemplate("controls-plain.ui");
+    expectPicture("controls-plain");
 }
 
 INSTANTIATE_TEST_SUITE_P(StarterLooks, ControlsGolden, testing::Values("light", "dark"),

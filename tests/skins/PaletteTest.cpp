@@ -77,7 +77,7 @@ TEST_P(PaletteContrast, EdgesOfControlsAndRingsStandOutFromTheirGround) {
         {"ring", "card"},       {"ring", "well"},      {"ring", "field"},     {"ring", "raised"},
         {"ring", "accentSoft"}, {"accent", "page"},    {"accent", "card"},    {"accent", "well"},
         {"danger", "page"},     {"danger", "card"},    {"accentInk", "card"}, {"accentInk", "page"},
-        {"accentInk", "well"},
+        {"accentInk", "well"},  {"caret", "field"},
     };
     for (const Pair &pair : PAIRS)
         expectContrast(pair, 3);

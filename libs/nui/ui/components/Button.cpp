@@ -10,6 +10,7 @@
 #include "nui/ui/Skin.h"
 #include "nui/ui/components/Image.h"
 #include "nui/ui/components/Label.h"
+#include "nui/ui/detail/CloneTarget.h"
 
 #include <string>
 
@@ -223,9 +224,7 @@ core::Object *Button::clone(core::CloningOptions &options) const {
 }
 
 void Button::_clone(core::Object *object, core::CloningOptions &options) const {
-    if (!object || !object->instanceOf(TYPE))
-        throw core::IllegalArgumentException("%s cannot be cloned into %s", getType().getName(),
-                                             object ? object->getType().getName() : "nothing");
+    detail::requireCloneTarget(*this, object, TYPE);
     if (object == this)
         return;
     Button &target = *static_cast<Button *>(object);

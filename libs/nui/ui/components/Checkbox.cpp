@@ -1,11 +1,11 @@
 #include "nui/ui/components/Checkbox.h"
 
-#include "foundation/core/Exception.h"
 #include "foundation/core/Type.h"
 #include "nui/ui/ComponentView.h"
 #include "nui/ui/Skin.h"
 #include "nui/ui/components/Label.h"
 #include "nui/ui/components/Panel.h"
+#include "nui/ui/detail/CloneTarget.h"
 
 #include <cstring>
 #include <string>
@@ -184,9 +184,7 @@ core::Object *Checkbox::clone(core::CloningOptions &options) const {
 }
 
 void Checkbox::_clone(core::Object *object, core::CloningOptions &options) const {
-    if (!object || !object->instanceOf(TYPE))
-        throw core::IllegalArgumentException("%s cannot be cloned into %s", getType().getName(),
-                                             object ? object->getType().getName() : "nothing");
+    detail::requireCloneTarget(*this, object, TYPE);
     if (object == this)
         return;
     Checkbox &target = *static_cast<Checkbox *>(object);

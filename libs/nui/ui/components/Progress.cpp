@@ -1,11 +1,11 @@
 #include "nui/ui/components/Progress.h"
 
-#include "foundation/core/Exception.h"
 #include "foundation/core/Type.h"
 #include "nui/ui/ComponentView.h"
 #include "nui/ui/Skin.h"
 #include "nui/ui/components/Label.h"
 #include "nui/ui/components/Panel.h"
+#include "nui/ui/detail/CloneTarget.h"
 #include "nui/ui/detail/ClonedPart.h"
 
 #include <cstdint>
@@ -159,9 +159,7 @@ core::Object *Progress::clone(core::CloningOptions &options) const {
 }
 
 void Progress::_clone(core::Object *object, core::CloningOptions &options) const {
-    if (!object || !object->instanceOf(TYPE))
-        throw core::IllegalArgumentException("%s cannot be cloned into %s", getType().getName(),
-                                             object ? object->getType().getName() : "nothing");
+    detail::requireCloneTarget(*this, object, TYPE);
     if (object == this)
         return;
     Progress &target = *static_cast<Progress *>(object);

@@ -29,6 +29,8 @@ class RestylingSkin;
 
 namespace gallery {
 
+class ScreenKeyboard;
+
 /// The gallery on the stage of the `UIManager`: a list of pages, the page that is shown, and the text of its template
 /// or sheet.
 class Gallery {
@@ -52,6 +54,12 @@ public:
     std::size_t getPage() const { return mWanted.page; }
     bool isDark() const { return mWanted.dark; }
 
+    /// For fields on every page; whether it comes up is for all of them, too.
+    ScreenKeyboard &getKeyboard() const { return *mKeyboard; }
+
+    /// For a page that is being connected: gets the focus as soon as it is on the stage.
+    void setFirstFocus(nurel::ui::Component &component);
+
     /// To be called ahead of every frame. A page that cannot be read leaves the one before up, and the log says why.
     void update();
 
@@ -70,6 +78,10 @@ private:
     void addPageButtons();
     void connectShell();
     void buildPage();
+    void leavePage();
+    void showWanted();
+    void focusFirst();
+    void forgetClosed();
     void styleAnew();
     void fillSource();
     core::SmartPtr<nurel::ui::Component> readTemplate(const std::string &path);
@@ -84,6 +96,9 @@ private:
     core::SmartPtr<viewer::RestylingSkin> mSkin;
     core::SmartPtr<nurel::ui::Widget> mWidget;
     core::SmartPtr<nurel::ui::Component> mPage;
+    core::SmartPtr<nurel::ui::Component> mFirstFocus; ///< until it has been given the focus
+    ScreenKeyboard *mKeyboard;                        ///< the manager's
+    unsigned int mWidgetCount = 0;                    ///< on the stage at the last update
     std::vector<nurel::ui::components::Button *> mPageButtons;
     nurel::ui::components::Button *mDarkButton = nullptr;
     Shown mWanted;

@@ -50,6 +50,17 @@ const nurel::ui::css::Property *findProperty(const nurel::ui::css::CSS &sheet, c
     return nullptr;
 }
 
+bool hasRule(const nurel::ui::css::CSS &sheet, const std::string &selector) {
+    for (const auto &rule : sheet) {
+        for (const auto &candidate : rule->getSelectors()) {
+            std::string text;
+            if (candidate->toString(text) == selector)
+                return true;
+        }
+    }
+    return false;
+}
+
 } // namespace
 
 TEST(StarterSheets, AreReadWithoutAWarning) {
@@ -76,6 +87,45 @@ TEST(StarterSheets, ChooseTheirCellsByOneMacro) {
     ASSERT_NE(hover, nullptr);
     EXPECT_EQ(hover->getCurrentSkin(), 1);
     EXPECT_FALSE(hover->hasSkinCount());
+}
+
+TEST(StarterSheets, ShowEveryControlWithFocusAndDisabled) {
+    const auto sheet = parse("light.css");
+    for (const char *selector : {"button:focus",
+                                 "button:disabled",
+                                 "button#label:disabled",
+                                 "button#icon:disabled",
+                                 "checkbox:focus",
+                                 "checkbox#check:disabled",
+                                 "checkbox#label:disabled",
+                                 "radio:focus",
+                                 "radio#check:disabled",
+                                 "radio#label:disabled",
+                                 "combo:focus",
+                                 "combo:disabled",
+                                 "combo#label:disabled",
+                                 "combo#icon:disabled",
+                                 "text:focus",
+                                 "text:disabled",
+                                 "text#label:disabled",
+                                 "text#placeholder:disabled",
+                                 "listbox:focus",
+                                 "listbox:disabled",
+                                 "listbox#item:focus",
+                                 "listbox#item:disabled",
+
+                                 "selector:focus",
+                                 "selector:disabled",
+                                 "selector#item:disabled",
+                                 "selector#left:disabled",
+                                 "selector#right:disabled",
+                                 "slider:focus",
+                                 "slider:disabled",
+                                 "slider#thumb:disabled",
+                                 "progress:disabled",
+                                 "progress#bar:disabled",
+                                 "progress#label:disabled"})
+        EXPECT_TRUE(hasRule(*sheet, selector)) << selector;
 }
 
 TEST(StarterSheets, LightAndDarkDifferInTheirColoursAlone) {

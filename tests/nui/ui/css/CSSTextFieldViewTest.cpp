@@ -112,6 +112,18 @@ TEST_F(CSSTextFieldViewTest, ShowsABlinkingCaretWhileTheFieldHasTheFocus) {
     EXPECT_TRUE(caret().isHidden());
 }
 
+TEST_F(CSSTextFieldViewTest, TheCaretGoesWithTheFocusAlsoWhenInputIsDisabled) {
+    addField();
+    mField->setFocus();
+    frame();
+    EXPECT_FALSE(caret().isHidden());
+    manager().setEnabled(false);
+    EXPECT_TRUE(mField->getState() & Component::STATE_FOCUSED); // which is left
+    frame();
+    EXPECT_TRUE(caret().isHidden());
+    EXPECT_FALSE(blink().isEnabled());
+}
+
 TEST_F(CSSTextFieldViewTest, ACaretThatIsMovedIsSeenAtOnce) {
     addField();
     mField->setText("abc");

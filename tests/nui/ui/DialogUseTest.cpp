@@ -176,6 +176,33 @@ TEST_F(DialogTest, TextsMayBeMalformedOrVeryLong) {
     }
 }
 
+// --- What opening costs, and how much room there is
+
+TEST_F(DialogTest, OpeningADialogFromATemplateThatWasReadReadsNoFile) {
+    open(*ask());
+    const int opened = mFiles.mOpened;
+    open(*ask(Dialog::FLAG_YES | Dialog::FLAG_ERROR));
+    open(*form(Dialog::FLAG_NO, new Panel("body")));
+    EXPECT_EQ(mFiles.mOpened, opened);
+}
+
+TEST_F(DialogTest, AWindowLargerThanTheStageIsScrolledToItsAnswers) {
+    addTemplates("", R"("size":[400,900])");
+    const core::SmartPtr<Dialog> dialog = ask(Dialog::FLAG_NO);
+    Container *window = dialog->getWindow();
+    part<Component>(dialog, "pButtons").setAnchor(Component::ANCHOR_BOTTOM_CENTER);
+    const core::Future<DialogResult> future = open(*dialog);
+    EXPECT_EQ(dialog->getWindow(), window) << "and not the scroll bar";
+    Component &no = part<Component>(dialog, "bNo");
+    EXPECT_GT(no.getWorldPosition().y, 600);
+    dialog->setScrollOffset(Vector2(0, -150));
+    settle();
+    EXPECT_LT(no.getWorldPosition().y, 600);
+    click(static_cast<int>(no.getWorldPosition().x), static_cast<int>(no.getWorldPosition().y));
+    ASSERT_TRUE(future.isSet());
+    EXPECT_EQ(future.get(), DIALOG_DECLINED);
+}
+
 // --- Without what it usually has
 
 TEST_F(DialogTest, WithoutASkinTheDialogIsNotPlacedAndCanBeAnswered) {

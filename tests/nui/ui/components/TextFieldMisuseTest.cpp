@@ -258,6 +258,21 @@ TEST_F(TextFieldMisuseTest, ACloneOfAFieldThatHasLostItsLabelMakesOneForTheText)
     EXPECT_STREQ(copy.getText(), "texts");
 }
 
+TEST_F(TextFieldMisuseTest, ACloneLeavesAsMuchRoomForItsCaret) {
+    layOutLabel();
+    mField->setText("mmmmmmmmmmmmmmmmmmmmmmmmmmmmmm");
+    const core::SmartPtr<nurel::core::Object> object(mField->clone());
+    const core::SmartPtr<TextField> copy(static_cast<TextField *>(object.get()));
+    mWidget->addChild(copy.get());
+    frame();
+    mField->setFocus();
+    tap(Keyboard::K_END);
+    copy->setFocus();
+    tap(Keyboard::K_END);
+    EXPECT_LT(mField->getScrollOffset().x, -100);
+    EXPECT_EQ(copy->getScrollOffset().x, mField->getScrollOffset().x);
+}
+
 TEST_F(TextFieldMisuseTest, ACloneOfACloneIsAField) {
     mField->setPlaceholderText("Name");
     mField->setText("text");

@@ -6,6 +6,7 @@
 
 #include "nui/ui/Dialog.h"
 #include "nui/ui/UIComponentFactory.h"
+#include "nui/ui/UIManager.h"
 #include "nui/ui/components/Button.h"
 #include "nui/ui/components/Label.h"
 #include "nui/ui/components/Selector.h"
@@ -19,6 +20,7 @@ namespace ui = nurel::ui;
 
 using ui::Dialog;
 using ui::DialogResult;
+using ui::UIManager;
 using ui::components::Button;
 using ui::components::Label;
 using ui::components::Selector;
@@ -45,12 +47,32 @@ const char *describe(DialogResult result) {
     return "";
 }
 
+/// Opening takes the focus away, so it is given when the dialog stands there. It waits while another one is on top.
+void focusWhenOpen(const core::SmartPtr<Dialog> &dialog, ui::Component &target) {
+    const core::SmartPtr<ui::Component> kept(&target);
+    UIManager::getSingleton().getStageCallbacks().subscribeCallback(
+        [dialog, kept, wasThere = false](UIManager::StageEvent) mutable {
+            UIManager &manager = UIManager::getSingleton();
+            const bool isThere = manager.hasWidget(dialog.get());
+            wasThere = wasThere || isThere;
+            if (Dialog::getCurrentModal() != dialog.get())
+                return wasThere && !isThere;
+            if (!isThere || !manager.isEnabled())
+                return false;
+            if (!manager.getFocus())
+                kept->setFocus();
+            const ui::Component *focus = manager.getFocus();
+            return focus && focus->isDescendantOf(dialog.get()); // else the one before is about to close
+        });
+}
+
 void open(const core::SmartPtr<Dialog> &dialog, const Answer &answer, Dialog::ButtonType focus) {
     dialog->ResultCallbacks::subscribeCallback([answer](Dialog *closed, DialogResult result) {
         answer->setText((std::string(closed->getTitle()) + ": " + describe(result)).c_str());
         return true;
     });
-    dialog->showModal(focus);
+    dialog->showModal(Dialog::BUTTON_CLOSE);
+    focusWhenOpen(dialog, *dialog->getButton(focus));
 }
 
 /// A dialog with a text.
@@ -89,6 +111,7 @@ void openForm(Gallery &gallery, const Answer &answer, MakeDialog makeDialog) {
         return true;
     });
     dialog->showModal(Dialog::BUTTON_CLOSE);
+    focusWhenOpen(dialog, *name);
 }
 
 } // namespace

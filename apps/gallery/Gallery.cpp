@@ -17,6 +17,7 @@
 #include "nui/ui/components/Panel.h"
 #include "nui/ui/css/CSS.h"
 #include "nui/ui/css/CSSParser.h"
+#include "nxml/i18n/I18N.h"
 
 #include "foundation/core/Exception.h"
 #include "foundation/logging/Logger.h"
@@ -57,6 +58,7 @@ Gallery::Gallery(const std::string &assets)
     if (!shell->instanceOf(ui::Widget::TYPE))
         throw core::IllegalStateException("the gallery's own template is no widget");
     mWidget = static_cast<ui::Widget *>(shell.get());
+    loadTexts();
     auto keyboard = std::make_unique<ScreenKeyboard>();
     mKeyboard = keyboard.get();
     UIManager::getSingleton().setKeyboardOverlay(std::move(keyboard));
@@ -70,6 +72,8 @@ Gallery::Gallery(const std::string &assets)
 Gallery::~Gallery() {
     if (UIManager::isSingletonCreated())
         UIManager::getSingleton().setKeyboardOverlay(nullptr);
+    if (nurel::i18n::I18N *texts = nurel::i18n::I18N::getSingletonPtr())
+        texts->removeBundle(mTexts.get());
     mSkin->forget();
     nurel::texture::TexturePool::getSingleton().setFileSystem(nullptr);
     ui::UIComponentFactory::getSingleton().clearLoadResolver();
@@ -78,6 +82,13 @@ Gallery::~Gallery() {
 template <class T>
 T &Gallery::find(const char *path) {
     return PageTools(*this, *mWidget).find<T>(path);
+}
+
+/// Those of the answers of dialogs, whatever the language.
+void Gallery::loadTexts() {
+    const std::unique_ptr<stream::InputStream> stream(mFiles.open("texts.xml"));
+    mTexts = nurel::i18n::Bundle::parse(*stream);
+    nurel::i18n::I18N::getSingleton().addBundle(mTexts.get());
 }
 
 void Gallery::addPageButtons() {

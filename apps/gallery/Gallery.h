@@ -4,6 +4,7 @@
 #include "WatchedFileSystem.h"
 
 #include "foundation/core/SmartPtr.h"
+#include "nxml/i18n/Bundle.h"
 
 #include <cstddef>
 #include <memory>
@@ -75,6 +76,7 @@ private:
         bool operator==(const Shown &) const = default;
     };
 
+    void loadTexts();
     void addPageButtons();
     void connectShell();
     void buildPage();
@@ -93,6 +95,7 @@ private:
     T &find(const char *path);
 
     viewer::WatchedFileSystem mFiles;
+    core::SmartPtr<nurel::i18n::Bundle> mTexts;
     core::SmartPtr<viewer::RestylingSkin> mSkin;
     core::SmartPtr<nurel::ui::Widget> mWidget;
     core::SmartPtr<nurel::ui::Component> mPage;

@@ -1,3 +1,4 @@
+#include "AssetFolder.h"
 #include "Settings.h"
 #include "Stage.h"
 
@@ -14,7 +15,7 @@ int main(int argc, char **argv) {
             return 0;
         }
         if (settings.assets.empty())
-            settings.assets = ASSETS;
+            settings.assets = viewer::findAssets();
         logging::Logger::mROOT_LOGGER.setLevel(logging::Level::WARN);
         gallery::Stage stage(settings);
         if (stage.isWindow())

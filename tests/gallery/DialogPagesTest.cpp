@@ -85,6 +85,18 @@ TEST_F(DialogPages, EscapeCancelsWhatCanBeCancelled) {
     EXPECT_EQ(getAnswer(), "The bridge is out: accepted");
 }
 
+TEST_F(DialogPages, ReturnAnswersWithTheButtonThatIsMeant) {
+    open("messages/question");
+    EXPECT_TRUE(hasFocus("question/bYes"));
+    tap(RETURN_KEY);
+    runFrames(ANIMATION_FRAMES);
+    EXPECT_EQ(getAnswer(), "Leave the game: accepted");
+    open("messages/warning");
+    tap(RETURN_KEY);
+    runFrames(ANIMATION_FRAMES);
+    EXPECT_EQ(getAnswer(), "Delete the slot: cancelled") << "the answer that does no harm";
+}
+
 TEST_F(DialogPages, NothingBehindADialogIsReached) {
     open("messages/info");
     moveTo("messages/error");
@@ -100,7 +112,7 @@ TEST_F(DialogPages, NothingBehindADialogIsReached) {
 
 TEST_F(DialogPages, TheFormTellsWhatWasEntered) {
     open("others/form");
-    click("fields/name");
+    EXPECT_TRUE(hasFocus("fields/name"));
     type("Dawn");
     click("slot/right");
     answer("bOK");
@@ -142,6 +154,7 @@ TEST_F(DialogPages, TwoDialogsAreAnsweredOneAfterTheOther) {
     EXPECT_STREQ(Dialog::getCurrentModal()->getTitle(), "Leave the game");
     answer("question/bNo");
     EXPECT_EQ(getAnswer(), "Leave the game: declined");
+    EXPECT_TRUE(hasFocus("info/bOK"));
     EXPECT_STREQ(Dialog::getCurrentModal()->getTitle(), "Saved");
     answer("info/bOK");
     EXPECT_EQ(getAnswer(), "Saved: accepted");

@@ -15,6 +15,7 @@
 #include <fstream>
 #include <memory>
 #include <string>
+#include <unistd.h>
 
 namespace {
 
@@ -27,7 +28,8 @@ class GalleryReload : public testing::Test {
 protected:
     void SetUp() override {
         const auto *info = testing::UnitTest::GetInstance()->current_test_info();
-        folder = std::filesystem::temp_directory_path() / (std::string("nui-gallery-reload-") + info->name());
+        folder = std::filesystem::temp_directory_path() /
+                 (std::string("nui-gallery-reload-") + info->name() + "-" + std::to_string(getpid()));
         std::filesystem::remove_all(folder);
         std::filesystem::create_directories(folder);
         for (const char *part : {"gallery", "style"})

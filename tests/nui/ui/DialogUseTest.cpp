@@ -158,6 +158,38 @@ TEST_F(DialogTest, WhatIsMadeWhileAnAnimationIsOpenIsReadyWhenItHasRun) {
     EXPECT_FALSE(dialog->getButton(Dialog::BUTTON_NO)->isSelfVisible());
 }
 
+TEST_F(DialogTest, ADialogIsShownAndAnsweredFromTheEndOfAnAnimation) {
+    const core::SmartPtr<Panel> panel(new Panel("p"));
+    core::SmartPtr<Dialog> dialog;
+    core::Future<DialogResult> future;
+    const auto whenAnimated = [&](float scale, const std::function<void()> &act) {
+        AnimationContext *context = manager().beginAnimation();
+        context->setDuration(0.1F);
+        panel->setScale(Vector2(scale, scale));
+        context->subscribeCallback([act](AnimationContext *, const AnimationEvent &event) {
+            if (event.getType() == AnimationEvent::FINISHED)
+                act();
+            return false;
+        });
+        manager().commitAnimation();
+        settle();
+        settle();
+    };
+    whenAnimated(2, [&] {
+        dialog = ask();
+        future = dialog->showModal(Dialog::BUTTON_CLOSE);
+    });
+    ASSERT_TRUE(dialog);
+    EXPECT_TRUE(manager().hasWidget(dialog.get()));
+    EXPECT_TRUE(manager().isEnabled());
+    EXPECT_EQ(dialog->getWindow()->getScale(), Vector2(1, 1));
+    EXPECT_FALSE(future.isSet());
+    whenAnimated(3, [&] { dialog->close(DIALOG_DECLINED); });
+    EXPECT_EQ(future.get(), DIALOG_DECLINED);
+    EXPECT_FALSE(manager().hasWidget(dialog.get()));
+    EXPECT_TRUE(manager().isEnabled());
+}
+
 // --- Texts of any kind
 
 TEST_F(DialogTest, TextsMayBeMalformedOrVeryLong) {

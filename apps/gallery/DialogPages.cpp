@@ -47,23 +47,43 @@ const char *describe(DialogResult result) {
     return "";
 }
 
-/// Opening takes the focus away, so it is given when the dialog stands there. It waits while another one is on top.
-void focusWhenOpen(const core::SmartPtr<Dialog> &dialog, ui::Component &target) {
-    const core::SmartPtr<ui::Component> kept(&target);
-    UIManager::getSingleton().getStageCallbacks().subscribeCallback(
-        [dialog, kept, wasThere = false](UIManager::StageEvent) mutable {
-            UIManager &manager = UIManager::getSingleton();
-            const bool isThere = manager.hasWidget(dialog.get());
-            wasThere = wasThere || isThere;
-            if (Dialog::getCurrentModal() != dialog.get())
-                return wasThere && !isThere;
-            if (!isThere || !manager.isEnabled())
-                return false;
-            if (!manager.getFocus())
-                kept->setFocus();
-            const ui::Component *focus = manager.getFocus();
-            return focus && focus->isDescendantOf(dialog.get()); // else the one before is about to close
-        });
+/// Opening and closing take the focus away. It is given once the dialog stands there, and back to who had it before
+/// once it is gone.
+class DialogFocus {
+public:
+    DialogFocus(const core::SmartPtr<Dialog> &dialog, ui::Component &target)
+        : mDialog(dialog), mTarget(&target), mOpener(UIManager::getSingleton().getFocus()) {}
+
+    /// At every stage of a frame; true when there is nothing left to do.
+    bool operator()(UIManager::StageEvent) {
+        UIManager &manager = UIManager::getSingleton();
+        const bool isThere = manager.hasWidget(mDialog.get());
+        mWasThere = mWasThere || isThere;
+        if (!mWasThere || !manager.isEnabled())
+            return false;
+        if (!isThere) {
+            if (!manager.getFocus() && manager.getWidget(mOpener.get()))
+                mOpener->setFocus();
+            return true;
+        }
+        if (!mIsGiven && !manager.getFocus() && Dialog::getCurrentModal() == mDialog.get()) {
+            mIsGiven = true;
+            mTarget->setFocus();
+        }
+        return false;
+    }
+
+private:
+    core::SmartPtr<Dialog> mDialog;
+    core::SmartPtr<ui::Component> mTarget;
+    core::SmartPtr<ui::Component> mOpener;
+    bool mWasThere = false;
+    bool mIsGiven = false;
+};
+
+void show(const core::SmartPtr<Dialog> &dialog, ui::Component &focus) {
+    UIManager::getSingleton().getStageCallbacks().subscribeCallback(DialogFocus(dialog, focus));
+    dialog->showModal(Dialog::BUTTON_CLOSE);
 }
 
 void open(const core::SmartPtr<Dialog> &dialog, const Answer &answer, Dialog::ButtonType focus) {
@@ -71,8 +91,7 @@ void open(const core::SmartPtr<Dialog> &dialog, const Answer &answer, Dialog::Bu
         answer->setText((std::string(closed->getTitle()) + ": " + describe(result)).c_str());
         return true;
     });
-    dialog->showModal(Dialog::BUTTON_CLOSE);
-    focusWhenOpen(dialog, *dialog->getButton(focus));
+    show(dialog, *dialog->getButton(focus));
 }
 
 /// A dialog with a text.
@@ -110,8 +129,7 @@ void openForm(Gallery &gallery, const Answer &answer, MakeDialog makeDialog) {
         answer->setText(text.c_str());
         return true;
     });
-    dialog->showModal(Dialog::BUTTON_CLOSE);
-    focusWhenOpen(dialog, *name);
+    show(dialog, *name);
 }
 
 } // namespace

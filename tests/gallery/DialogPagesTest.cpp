@@ -95,6 +95,10 @@ TEST_F(DialogPages, ReturnAnswersWithTheButtonThatIsMeant) {
     tap(RETURN_KEY);
     runFrames(ANIMATION_FRAMES);
     EXPECT_EQ(getAnswer(), "Delete the slot: cancelled") << "the answer that does no harm";
+    EXPECT_TRUE(hasFocus("messages/warning")) << "where it was before";
+    tap(RETURN_KEY);
+    runFrames(ANIMATION_FRAMES);
+    EXPECT_TRUE(isOpen("warning"));
 }
 
 TEST_F(DialogPages, NothingBehindADialogIsReached) {

@@ -57,6 +57,19 @@ TEST_F(DialogTest, ADialogUnderAnotherMayBeAnsweredFirst) {
     EXPECT_EQ(ofAbove.get(), DIALOG_ACCEPTED);
 }
 
+// --- The keyboard
+
+TEST_F(DialogTest, TabPassesByAnswersThatAreNotShown) {
+    const core::SmartPtr<Dialog> dialog = ask(Dialog::FLAG_YES | Dialog::FLAG_NO | Dialog::FLAG_CANCEL);
+    open(*dialog);
+    settle();
+    part<Component>(dialog, "bCancel").setFocus();
+    manager().nextTabStop(UIManager::FORWARD);
+    EXPECT_EQ(manager().getFocus(), &part<Component>(dialog, "bYes"));
+    manager().prevTabStop();
+    EXPECT_EQ(manager().getFocus(), &part<Component>(dialog, "bCancel"));
+}
+
 // --- In the middle of an answer
 
 TEST_F(DialogTest, ADialogThatItsOwnAnswerShowsAgainWaitsForANewAnswer) {

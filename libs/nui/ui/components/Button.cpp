@@ -78,8 +78,7 @@ Label *Button::ensureLabel() {
     mLabel->getTextMesh()->setHorizontalAlignment(font::Font::HA_CENTER);
     mLabel->getTextMesh()->setVerticalAlignment(font::Font::VA_CENTER);
     _addChild(mLabel.get(), true);
-    // Coming under a disabled parent does not mark a child; the text looks disabled with its control all the same.
-    setChildState(*mLabel, mLabel->getState() | (getState() & STATE_DISABLED));
+    shareDisabled(*mLabel);
     return mLabel.get();
 }
 
@@ -109,7 +108,7 @@ void Button::setIcon(Image *icon) {
     icon->setClasses(getClasses());
     icon->setEventMask(0);
     _addChild(icon, true);
-    setChildState(*icon, icon->getState() | (getState() & STATE_DISABLED));
+    shareDisabled(*icon);
 }
 
 void Button::setIconVisible(bool visible) {

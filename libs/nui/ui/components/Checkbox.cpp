@@ -97,8 +97,7 @@ Label *Checkbox::ensureLabel() {
     mLabel = new CheckboxLabel(getElement().c_str());
     mLabel->setClasses(getClasses());
     _addChild(mLabel.get(), true);
-    // Coming under a disabled parent does not mark a child; the text looks disabled with its control all the same.
-    setChildState(*mLabel, mLabel->getState() | (getState() & STATE_DISABLED));
+    shareDisabled(*mLabel);
     return mLabel.get();
 }
 

@@ -125,6 +125,7 @@ Listbox::ItemEntry *Listbox::addItem(const char *text, ItemData *data) {
     row->initializeHeight(mItemHeight);
     row->setClasses(getClasses());
     _addChild(row.get(), true);
+    shareDisabled(*row);
     return &mItems.back();
 }
 

@@ -1,6 +1,7 @@
 #include "nui/ui/components/Progress.h"
 
 #include "foundation/core/Type.h"
+#include "nengine/scene/meshes/BorderedRectangleMesh.h"
 #include "nui/ui/ComponentView.h"
 #include "nui/ui/Skin.h"
 #include "nui/ui/components/Label.h"
@@ -11,6 +12,8 @@
 #include <cstdint>
 
 namespace nurel::ui::components {
+
+using scene::meshes::BorderedRectangleMesh;
 
 constinit const core::Type Progress::TYPE("Progress", &Container::TYPE);
 
@@ -59,6 +62,8 @@ Progress::Progress(const char *name) : Container(name, ELEMENT), mBar(new Progre
     setScrollMask(SCROLL_NONE);
     disableEvents(UIEvent::ET_DRAG_EVENT);
     enableEvents(UIEvent::ET_CLICK_EVENT | UIEvent::ET_FOCUS_EVENT);
+    // A bar that is hardly begun is shorter than its rounded ends
+    static_cast<BorderedRectangleMesh *>(mBar->getMesh())->setBorderFixMode(BorderedRectangleMesh::BORDER_FIX_FIT);
     Container::_addChild(mBar.get(), true);
 }
 
@@ -115,6 +120,7 @@ Label *Progress::ensureLabel() {
         return label;
     mLabel = new ProgressLabel(getClasses());
     _addChild(mLabel.get(), true);
+    shareDisabled(*mLabel);
     return mLabel.get();
 }
 

@@ -151,6 +151,7 @@ Label *TextField::makePart(const char *name) const {
     core::SmartPtr<Label> part(new TextFieldLabel(name));
     part->setClasses(getClasses());
     const_cast<TextField *>(this)->_addChild(part.get(), false);
+    shareDisabled(*part);
     return part.get();
 }
 

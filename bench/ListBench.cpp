@@ -66,8 +66,11 @@ private:
 void addItems(State &state) {
     ListStage stage(100);
     for (auto _ : state) {
+        const std::size_t before = getHeapUse().allocations;
         stage.addRows(countOf(state));
         state.PauseTiming();
+        state.counters["allocations_a_row"] =
+            static_cast<double>(getHeapUse().allocations - before) / static_cast<double>(state.range(0));
         while (stage.getList().getItemCount() > 100)
             stage.getList().removeItem(stage.getList().getItemCount() - 1, false);
         stage.measuredFrame();

@@ -5,7 +5,9 @@
 // its length and that many more.
 #include "nengine/Engine.h"
 #include "ninput/input/InputSystem.h"
+#include "nui/ui/KeyboardOverlay.h"
 #include "nui/ui/SkinManager.h"
+#include "nui/ui/UIEvent.h"
 #include "nui/ui/UIManager.h"
 #include "nui/ui/Widget.h"
 #include "nui/ui/components/Label.h"
@@ -19,6 +21,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <memory>
 #include <string>
 
 namespace {
@@ -211,9 +214,16 @@ private:
     std::size_t mSize;
 };
 
+/// Lets the program end an edit.
+class OpenKeyboard : public nurel::ui::KeyboardOverlay {
+public:
+    using KeyboardOverlay::textEditingFinished;
+};
+
 class Editing {
 public:
-    explicit Editing(Stage &stage) : mStage(stage), mField(new TextField("field")) {
+    explicit Editing(Stage &stage) : mStage(stage), mField(new TextField("field")), mKeyboard(*new OpenKeyboard) {
+        UIManager::getSingleton().setKeyboardOverlay(std::unique_ptr<nurel::ui::KeyboardOverlay>(&mKeyboard));
         mField->ChangeCallbacks::subscribeCallback([this](TextField *) {
             ++mChanges;
             return false;
@@ -230,7 +240,7 @@ public:
     Editing &operator=(const Editing &) = delete;
 
     void run(Input &input) {
-        switch (input.takeNumber() % 16) {
+        switch (input.takeNumber() % 20) {
         case 0:
             press(Keyboard::K_BACKSPACE, &Model::backspace);
             break;
@@ -276,6 +286,15 @@ public:
         case 12:
             mStage.frame();
             break;
+        case 13:
+            mField->setPlaceholderText(input.takeText().c_str());
+            break;
+        case 14:
+            acceptFromKeyboard(input.takeText());
+            break;
+        case 15:
+            checkClone();
+            break;
         default:
             insert(input.takeText());
             break;
@@ -290,9 +309,38 @@ public:
         require(mModel.maximum == mField->getMaxLength(), "maximum");
         require(mModel.mask == mField->getPasswordChar(), "mask");
         require(mModel.changes == mChanges, "number of changes");
+        checkPlaceholder(*mField);
     }
 
 private:
+    /// It shows while nothing else does.
+    void checkPlaceholder(const TextField &field) const {
+        for (unsigned int i = 0; i < field.getChildCount(); ++i) {
+            const nurel::ui::Component &child = *field.getChildAt(i);
+            if (std::strcmp(child.getName(), "placeholder") == 0)
+                require(child.isSelfVisible() == mModel.shown.empty(), "whether the placeholder is visible");
+        }
+    }
+
+    void checkClone() const {
+        const core::SmartPtr<nurel::core::Object> object(mField->clone());
+        const auto &clone = static_cast<const TextField &>(*object);
+        require(mModel.text == clone.getText(), "text of the clone");
+        require(mModel.shown == clone.getLabel()->getText(), "what the clone shows");
+        require(clone.getCaretIndex() == -1, "caret of the clone");
+        require(mModel.maximum == clone.getMaxLength(), "maximum of the clone");
+        require(mModel.mask == clone.getPasswordChar(), "mask of the clone");
+        checkPlaceholder(clone);
+    }
+
+    /// The field takes the keyboard by a click and gets what was typed on it.
+    void acceptFromKeyboard(const std::string &text) {
+        const nurel::ui::CursorPosition cursor;
+        mField->handleEvent(nurel::ui::ClickEvent(nurel::ui::Ray(), cursor, cursor));
+        mKeyboard.textEditingFinished(nurel::ui::KeyboardOverlay::TEXT_ACCEPTED, text.c_str());
+        mModel.set(text);
+    }
+
     void press(int key, void (Model::*act)()) {
         Stage::tap(key);
         (mModel.*act)();
@@ -327,6 +375,7 @@ private:
 
     Stage &mStage;
     const core::SmartPtr<TextField> mField;
+    OpenKeyboard &mKeyboard; ///< the manager's
     Model mModel;
     unsigned int mChanges = 0;
 };

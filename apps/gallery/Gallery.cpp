@@ -1,13 +1,15 @@
 #include "Gallery.h"
 
+#include "OnClick.h"
 #include "RestylingSkin.h"
+#include "ScreenKeyboard.h"
 
 #include "nengine/texture/TexturePool.h"
 #include "nmain/stream/InputStream.h"
+#include "nui/ui/Dialog.h"
 #include "nui/ui/SkinManager.h"
 #include "nui/ui/UIComponentFactory.h"
 #include "nui/ui/UIComponentParser.h"
-#include "nui/ui/UIEvent.h"
 #include "nui/ui/UIManager.h"
 #include "nui/ui/Widget.h"
 #include "nui/ui/components/Button.h"
@@ -15,6 +17,7 @@
 #include "nui/ui/components/Panel.h"
 #include "nui/ui/css/CSS.h"
 #include "nui/ui/css/CSSParser.h"
+#include "nxml/i18n/I18N.h"
 
 #include "foundation/core/Exception.h"
 #include "foundation/logging/Logger.h"
@@ -39,21 +42,14 @@ using ui::components::Panel;
 namespace {
 
 constexpr int FIRST_TAB_STOP = 10;
-constexpr float PAGE_BUTTON_HEIGHT = 36;
+constexpr float PAGE_BUTTON_HEIGHT = 32;
 constexpr const char *SHELL = "gallery";
-
-template <class Action>
-void onClick(ui::Component &component, Action action) {
-    component.ClickCallbacks::subscribeCallback([action](ui::UIEventHandler *, const ui::ClickEvent &) {
-        action();
-        return false;
-    });
-}
 
 } // namespace
 
 Gallery::Gallery(const std::string &assets)
-    : mFiles({assets + "/gallery", assets + "/style", assets}), mSkin(new viewer::RestylingSkin()) {
+    : mFiles({assets + "/gallery", assets + "/style", assets, assets + "/dialogs"}),
+      mSkin(new viewer::RestylingSkin()) {
     ui::SkinManager::getSingleton().addSkin(mSkin.get());
     ui::SkinManager::getSingleton().setDefaultSkin(mSkin.get());
     ui::UIComponentFactory::getSingleton().setLoadResolver(&mFiles);
@@ -62,6 +58,10 @@ Gallery::Gallery(const std::string &assets)
     if (!shell->instanceOf(ui::Widget::TYPE))
         throw core::IllegalStateException("the gallery's own template is no widget");
     mWidget = static_cast<ui::Widget *>(shell.get());
+    loadTexts();
+    auto keyboard = std::make_unique<ScreenKeyboard>();
+    mKeyboard = keyboard.get();
+    UIManager::getSingleton().setKeyboardOverlay(std::move(keyboard));
     addPageButtons();
     connectShell();
     buildPage();
@@ -70,6 +70,10 @@ Gallery::Gallery(const std::string &assets)
 }
 
 Gallery::~Gallery() {
+    if (UIManager::isSingletonCreated())
+        UIManager::getSingleton().setKeyboardOverlay(nullptr);
+    if (nurel::i18n::I18N *texts = nurel::i18n::I18N::getSingletonPtr())
+        texts->removeBundle(mTexts.get());
     mSkin->forget();
     nurel::texture::TexturePool::getSingleton().setFileSystem(nullptr);
     ui::UIComponentFactory::getSingleton().clearLoadResolver();
@@ -78,6 +82,13 @@ Gallery::~Gallery() {
 template <class T>
 T &Gallery::find(const char *path) {
     return PageTools(*this, *mWidget).find<T>(path);
+}
+
+/// Those of the answers of dialogs, whatever the language.
+void Gallery::loadTexts() {
+    const std::unique_ptr<stream::InputStream> stream(mFiles.open("texts.xml"));
+    mTexts = nurel::i18n::Bundle::parse(*stream);
+    nurel::i18n::I18N::getSingleton().addBundle(mTexts.get());
 }
 
 void Gallery::addPageButtons() {
@@ -120,8 +131,13 @@ void Gallery::update() {
         mSkin->forgetUnused();
     if (mDarkButton->isChecked() != mShown.dark && mWanted.dark == mShown.dark)
         mWanted.dark = mDarkButton->isChecked(); // released beside it: it toggled without a click
-    if (mWanted == mShown)
-        return;
+    if (!(mWanted == mShown))
+        showWanted();
+    focusFirst();
+    forgetClosed();
+}
+
+void Gallery::showWanted() {
     try {
         if (mWanted.page != mShown.page)
             buildPage();
@@ -134,6 +150,27 @@ void Gallery::update() {
         mWanted = mShown;
         mDarkButton->setChecked(mShown.dark);
     }
+}
+
+void Gallery::setFirstFocus(ui::Component &component) {
+    mFirstFocus = &component;
+}
+
+/// The focus is lost as long as the widget is not on the stage.
+void Gallery::focusFirst() {
+    if (!mFirstFocus || !UIManager::getSingleton().hasWidget(mWidget.get()))
+        return;
+    if (mFirstFocus->isDescendantOf(mPage.get())) // else the page was not shown in the end
+        mFirstFocus->setFocus();
+    mFirstFocus = nullptr;
+}
+
+/// The skin holds what it has styled: dialogs and lists that were closed, too.
+void Gallery::forgetClosed() {
+    const unsigned int count = UIManager::getSingleton().getWidgetCount();
+    if (count < mWidgetCount)
+        mSkin->forgetUnused();
+    mWidgetCount = count;
 }
 
 core::SmartPtr<ui::Component> Gallery::readTemplate(const std::string &path) {
@@ -149,20 +186,34 @@ void Gallery::buildPage() {
     if (page.connect)
         page.connect(PageTools(*this, *built));
     std::unique_ptr<css::CSS> sheet = readAllSheets();
-    Panel &stage = find<Panel>("main/stage");
-    if (mPage)
-        stage.removeChild(mPage.get());
-    mPage = nullptr;
+    leavePage();
     mKept = std::exchange(mNextKept, {});
-    mSkin->forgetUnused();
     applySheet(std::move(sheet));
     mPage = built;
-    stage.addChild(mPage.get(), true);
+    find<Panel>("main/stage").addChild(mPage.get(), true);
     find<Label>("main/title").setText(page.title);
     find<Label>("main/about").setText(page.about);
     for (std::size_t i = 0; i < mPageButtons.size(); ++i)
         mPageButtons[i]->setChecked(i == mWanted.page);
     fillSource();
+}
+
+/// What the page has opened goes with it.
+void Gallery::leavePage() {
+    if (!mPage)
+        return;
+    UIManager &manager = UIManager::getSingleton();
+    if (ui::KeyboardOverlay *keyboard = manager.getKeyboardOverlay())
+        keyboard->resign(nullptr);
+    while (ui::Dialog *dialog = ui::Dialog::getCurrentModal())
+        dialog->close(ui::DIALOG_CANCELLED);
+    const ui::Component *focus = manager.getFocus();
+    if (focus && focus->isDescendantOf(mPage.get()))
+        manager.setFocus(nullptr);
+    find<Panel>("main/stage").removeChild(mPage.get());
+    mPage = nullptr;
+    mKept.clear();
+    mSkin->forgetUnused();
 }
 
 std::unique_ptr<css::CSS> Gallery::readSheet(const std::string &path) {

@@ -4,6 +4,7 @@
 #include "WatchedFileSystem.h"
 
 #include "foundation/core/SmartPtr.h"
+#include "nxml/i18n/Bundle.h"
 
 #include <cstddef>
 #include <memory>
@@ -29,6 +30,8 @@ class RestylingSkin;
 }
 
 namespace gallery {
+
+class ScreenKeyboard;
 
 /// The gallery on the stage of the `UIManager`: a list of pages, the page that is shown, and the text of its template
 /// or sheet.
@@ -59,6 +62,12 @@ public:
     /// For a page that is shown, when components were taken out of it for good: they are let go at the next update().
     void forgetRemoved() { mForgetRemoved = true; }
 
+    /// For fields on every page; whether it comes up is for all of them, too.
+    ScreenKeyboard &getKeyboard() const { return *mKeyboard; }
+
+    /// For a page that is being connected: gets the focus as soon as it is on the stage.
+    void setFirstFocus(nurel::ui::Component &component);
+
     /// To be called ahead of every frame. A page that cannot be read leaves the one before up, and the log says why.
     void update();
 
@@ -74,9 +83,14 @@ private:
         bool operator==(const Shown &) const = default;
     };
 
+    void loadTexts();
     void addPageButtons();
     void connectShell();
     void buildPage();
+    void leavePage();
+    void showWanted();
+    void focusFirst();
+    void forgetClosed();
     void styleAnew();
     void fillSource();
     core::SmartPtr<nurel::ui::Component> readTemplate(const std::string &path);
@@ -88,12 +102,16 @@ private:
     T &find(const char *path);
 
     viewer::WatchedFileSystem mFiles;
+    core::SmartPtr<nurel::i18n::Bundle> mTexts;
     core::SmartPtr<viewer::RestylingSkin> mSkin;
     core::SmartPtr<nurel::ui::Widget> mWidget;
     core::SmartPtr<nurel::ui::Component> mPage;
     std::vector<std::shared_ptr<void>> mKept;     ///< by the page
     std::vector<std::shared_ptr<void>> mNextKept; ///< by the page that is being connected
     bool mForgetRemoved = false;
+    core::SmartPtr<nurel::ui::Component> mFirstFocus; ///< until it has been given the focus
+    ScreenKeyboard *mKeyboard;                        ///< the manager's
+    unsigned int mWidgetCount = 0;                    ///< on the stage at the last update
     std::vector<nurel::ui::components::Button *> mPageButtons;
     nurel::ui::components::Button *mDarkButton = nullptr;
     Shown mWanted;

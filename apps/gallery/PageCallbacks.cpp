@@ -1,10 +1,11 @@
+// Pages of boxes, texts, buttons and images.
 #include "PageCallbacks.h"
 
 #include "Gallery.h"
+#include "OnClick.h"
 #include "Page.h"
 
 #include "nmain/math/Matrix3.h"
-#include "nui/ui/UIEvent.h"
 #include "nui/ui/components/Button.h"
 #include "nui/ui/components/Checkbox.h"
 #include "nui/ui/components/Image.h"
@@ -19,28 +20,13 @@
 
 namespace gallery {
 
-namespace ui = nurel::ui;
-
 using nurel::math::Vector2;
-using ui::components::Button;
-using ui::components::Checkbox;
-using ui::components::Image;
-using ui::components::Label;
-using ui::components::Panel;
-using ui::components::Radio;
-
-namespace {
-
-/// Runs the action at every click on the component, as long as the component lives.
-template <class Action>
-void onClick(ui::Component &component, Action action) {
-    component.ClickCallbacks::subscribeCallback([action](ui::UIEventHandler *, const ui::ClickEvent &) mutable {
-        action();
-        return false;
-    });
-}
-
-} // namespace
+using nurel::ui::components::Button;
+using nurel::ui::components::Checkbox;
+using nurel::ui::components::Image;
+using nurel::ui::components::Label;
+using nurel::ui::components::Panel;
+using nurel::ui::components::Radio;
 
 void connectWelcome(const PageTools &tools) {
     Gallery &gallery = tools.getGallery();

@@ -28,6 +28,12 @@ constexpr Page PAGES[] = {
     {"layout", "Layout", "Flows: direction, breaks, alignment", connectLayout},
     {"scrolling", "Scrolling", "Scrolled, nested, turned: what sticks out is clipped", connectScrolling},
     {"images", "Images", "Pictures, tinted signs, cells of one image", connectImages},
+    {"lists", "Lists", "A list to sort, and combos that open one", connectLists},
+    {"selectors", "Selectors", "One of several, a step at a time", connectSelectors},
+    {"sliders", "Sliders", "Numbers to drag, and bars that follow", connectSliders},
+    {"fields", "Text fields", "Typing: placeholders, masks, limits, scripts", connectFields},
+    {"dialogs", "Dialogs", "Questions that want an answer", connectDialogs},
+    {"keyboard", "Keyboard", "Keys on the screen, for whatever is edited", connectKeyboard},
     {"navigation", "Navigation", "Screens that slide, flip and fade, and go back", connectNavigation},
     {"cover-flow", "Cover flow", "Ten thousand covers to throw; a few exist", connectCoverFlow},
 };

@@ -1,3 +1,4 @@
+#include "AssetFolder.h"
 #include "ScriptPlayer.h"
 #include "Settings.h"
 #include "Stage.h"
@@ -22,7 +23,7 @@ int main(int argc, char **argv) {
             return DONE;
         }
         if (settings.assets.empty())
-            settings.assets = ASSETS;
+            settings.assets = viewer::findAssets();
         logging::Logger::mROOT_LOGGER.setLevel(logging::Level::WARN);
         std::unique_ptr<viewer::ScriptPlayer> script;
         if (!settings.script.empty())

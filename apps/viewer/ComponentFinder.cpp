@@ -15,7 +15,9 @@
 #include "nui/ui/components/Slider.h"
 #include "nui/ui/components/TextField.h"
 
+#include <charconv>
 #include <string_view>
+#include <system_error>
 
 namespace viewer {
 
@@ -29,9 +31,37 @@ namespace components = nurel::ui::components;
 
 namespace {
 
-Component *findBelow(Component &component, std::string_view path);
+/// A path from one of its names on.
+struct Path {
+    std::string_view name;
+    std::string_view rest;   ///< what follows the name and its slash
+    bool isLast = false;     ///< nothing follows
+    unsigned int before = 0; ///< how many of the name are passed over
+};
 
-Component *findInChildren(Component &component, std::string_view path) {
+/// Reads "name[2]/rest". Brackets that hold no number belong to the name.
+Path readPath(std::string_view text) {
+    const std::size_t slash = text.find('/');
+    Path path;
+    path.name = text.substr(0, slash);
+    path.isLast = slash == std::string_view::npos;
+    path.rest = path.isLast ? std::string_view() : text.substr(slash + 1);
+    const std::size_t bracket = path.name.rfind('[');
+    if (bracket == std::string_view::npos || path.name.back() != ']')
+        return path;
+    const char *first = path.name.data() + bracket + 1;
+    const char *last = path.name.data() + path.name.size() - 1;
+    const auto [end, error] = std::from_chars(first, last, path.before);
+    if (error == std::errc() && end == last)
+        path.name = path.name.substr(0, bracket);
+    else
+        path.before = 0;
+    return path;
+}
+
+Component *findBelow(Component &component, Path &path);
+
+Component *findInChildren(Component &component, Path &path) {
     if (!component.isContainer())
         return nullptr;
     const auto &container = static_cast<Container &>(component);
@@ -42,22 +72,31 @@ Component *findInChildren(Component &component, std::string_view path) {
     return nullptr;
 }
 
-/// Searches the component itself and what is inside it.
-Component *findBelow(Component &component, std::string_view path) {
-    const std::size_t slash = path.find('/');
-    if (path.substr(0, slash) == component.getName()) {
-        if (slash == std::string_view::npos)
-            return &component;
-        if (Component *found = findInChildren(component, path.substr(slash + 1)))
+/// What the path leads to from a component of its first name; null when there is no such thing.
+Component *follow(Component &component, const Path &path) {
+    if (path.isLast)
+        return &component;
+    Path rest = readPath(path.rest);
+    return findInChildren(component, rest);
+}
+
+/// Searches the component itself and what is inside it. Those that are passed over are counted off.
+Component *findBelow(Component &component, Path &path) {
+    if (path.name == component.getName()) {
+        Component *found = follow(component, path);
+        if (found && path.before == 0)
             return found;
+        if (found)
+            --path.before;
     }
     return findInChildren(component, path);
 }
 
 } // namespace
 
-Component *findComponent(const char *path) {
+Component *findComponent(const char *text) {
     const UIManager &manager = UIManager::getSingleton();
+    Path path = readPath(text);
     for (unsigned int i = manager.getWidgetCount(); i-- > 0;) {
         if (Component *found = findBelow(*manager.getWidgetAt(i), path))
             return found;

@@ -12,7 +12,8 @@ class Container;
 namespace viewer {
 
 /// The component of a name, searched depth first through the widgets from the topmost down. A path such as "form/ok"
-/// descends: the component "ok" somewhere inside the component "form". Null when there is none.
+/// descends: the component "ok" somewhere inside the component "form". A name may have a number, from 0: "list/item[2]"
+/// is the third "item" in the list. Null when there is none.
 nurel::ui::Component *findComponent(const char *path);
 
 /// How many children a container has, its scroll bars included: they stand behind the others.

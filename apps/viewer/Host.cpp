@@ -1,6 +1,7 @@
 #include "Host.h"
 
 #include "Options.h"
+#include "TextEntry.h"
 
 #include "backends/egl/HeadlessContext.h"
 #include "backends/gles/GlesBackend.h"
@@ -79,7 +80,7 @@ public:
             UIManager::getSingleton().setMouseButton(button, state);
         };
         callbacks.wheelMoved = [](int counter) { UIManager::getSingleton().setMouseWheel(counter); };
-        callbacks.textEntered = [](const char *text) { UIManager::getSingleton().textInput(text); };
+        callbacks.textEntered = enterText;
         mWindow.setCallbacks(std::move(callbacks));
     }
 

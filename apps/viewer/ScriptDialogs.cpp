@@ -6,6 +6,7 @@
 #include "nui/ui/UIComponentFactory.h"
 #include "nui/ui/UIEvent.h"
 #include "nui/ui/UIManager.h"
+#include "nui/ui/Widget.h"
 
 #include "foundation/core/Exception.h"
 #include "foundation/logging/Logger.h"
@@ -22,6 +23,7 @@ using nurel::ui::Component;
 using nurel::ui::Dialog;
 using nurel::ui::UIComponentFactory;
 using nurel::ui::UIManager;
+using nurel::ui::Widget;
 
 namespace {
 
@@ -140,13 +142,20 @@ bool isOpen(const Dialog &dialog) {
            dialog.getWindow()->getScale() == nurel::math::Vector2::ONE;
 }
 
+bool isOnStage(const Component &component) {
+    const Component *root = &component;
+    while (root->getParent())
+        root = root->getParent();
+    return root->instanceOf(Widget::TYPE) && UIManager::getSingleton().hasWidget(static_cast<const Widget *>(root));
+}
+
 } // namespace
 
 ScriptDialogs::~ScriptDialogs() {
     for (Binding &binding : mBindings)
         release(binding);
     for (const Entry &entry : mEntries) {
-        if (entry.dialog)
+        if (!entry.isAnswered())
             entry.dialog->ResultCallbacks::unsubscribeCallback(entry.subscription);
     }
 }
@@ -191,16 +200,19 @@ void ScriptDialogs::open(const JSObject &description) {
         entry.focus = focus->button;
     entry.subscription = dialog->ResultCallbacks::subscribeCallback([&entry](Dialog *, nurel::ui::DialogResult result) {
         entry.answer = toWord(result);
-        entry.dialog = nullptr;
+        entry.subscription = 0;
         return true;
     });
+    // What stands behind the dialog would look focused all along, since nothing takes the state from it.
+    entry.focused = UIManager::getSingleton().getFocus();
+    UIManager::getSingleton().setFocus(nullptr);
     dialog->showModal(Dialog::BUTTON_CLOSE);
 }
 
 /// A dialog that is open already is not opened once more, and what cannot be opened leaves the screen as it is.
 void ScriptDialogs::openByClick(const JSObject &description) {
     const bool isShown = std::any_of(mEntries.begin(), mEntries.end(), [&description](const Entry &entry) {
-        return entry.dialog && entry.description == &description;
+        return !entry.isAnswered() && entry.description == &description;
     });
     if (isShown)
         return;
@@ -238,12 +250,27 @@ void ScriptDialogs::bindAgain() {
 
 void ScriptDialogs::beginFrame() {
     for (Entry &entry : mEntries) {
-        if (!entry.focus || !entry.dialog || !isOpen(*entry.dialog))
+        if (!entry.dialog)
             continue;
-        if (Component *button = entry.dialog->getButton(static_cast<Dialog::ButtonType>(entry.focus)))
-            button->setFocus();
-        entry.focus = 0;
+        if (entry.isAnswered()) {
+            end(entry);
+        } else if (entry.focus && isOpen(*entry.dialog)) {
+            if (Component *button = entry.dialog->getButton(static_cast<Dialog::ButtonType>(entry.focus)))
+                button->setFocus();
+            entry.focus = 0;
+        }
     }
+}
+
+/// Waits for the end of an answered dialog's animation, during which nothing takes the focus.
+void ScriptDialogs::end(Entry &entry) {
+    UIManager &manager = UIManager::getSingleton();
+    if (!manager.isEnabled() || manager.hasWidget(entry.dialog.get()))
+        return;
+    if (entry.focused && !manager.getFocus() && isOnStage(*entry.focused))
+        entry.focused->setFocus();
+    entry.focused = nullptr;
+    entry.dialog = nullptr;
 }
 
 const char *ScriptDialogs::getAnswer(const char *name) const {

@@ -31,7 +31,8 @@ public:
     /// or has not what a dialog needs, or when the component is not there.
     void play(const nurel::json::JSObject &description);
 
-    /// To be called before each frame: gives the focus to the button that is to have it as soon as its dialog stands.
+    /// To be called before each frame: gives the focus to the button that is to have it as soon as its dialog stands,
+    /// and back to what had it once the dialog is gone.
     void beginFrame();
 
     /// To be called when the components of the screen are others: binds what is bound to components of the same names.
@@ -45,11 +46,14 @@ private:
     /// A dialog that was opened.
     struct Entry {
         const nurel::json::JSObject *description = nullptr;
-        core::SmartPtr<nurel::ui::Dialog> dialog; ///< null once it is answered
-        int subscription = 0;                     ///< to the answer
-        int focus = 0;                            ///< the button that waits for the focus; 0 for none
+        core::SmartPtr<nurel::ui::Dialog> dialog;     ///< null once it has been answered and is gone
+        core::SmartPtr<nurel::ui::Component> focused; ///< before it was opened
+        int subscription = 0;                         ///< to the answer; 0 once it has come
+        int focus = 0;                                ///< the button that waits for the focus; 0 for none
         std::string name;
         const char *answer = "none";
+
+        bool isAnswered() const { return subscription == 0; }
     };
     /// A component whose clicks open a dialog.
     struct Binding {
@@ -59,6 +63,7 @@ private:
     };
 
     void open(const nurel::json::JSObject &description);
+    void end(Entry &entry);
     void openByClick(const nurel::json::JSObject &description);
     void bind(Binding &binding);
     static void release(Binding &binding);

@@ -35,7 +35,7 @@ wait_for() { # what for, command...
 
 # A display whose memory is the file Xvfb_screen0 in the folder; it says which number it took.
 open_display() { # width x height
-    Xvfb -displayfd 3 -screen 0 "$1x24" -fbdir "$folder" -nolisten tcp 3>"$folder/display" >"$folder/xvfb.log" 2>&1 &
+    Xvfb -displayfd 3 -screen 0 "$1x24" -fbdir "$folder" -nolisten tcp -noreset 3>"$folder/display" >"$folder/xvfb.log" 2>&1 &
     pids+=($!)
     wait_for "the display" test -s "$folder/display"
     DISPLAY=":$(tr -d '[:space:]' <"$folder/display")"

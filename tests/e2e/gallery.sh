@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# The gallery in a real window on a display of its own: pages are chosen and the look is switched by the pointer, and what
-# is shown is seen to change. Usage: gallery.sh NUI_GALLERY. Exit status 77: the display's programs are not installed.
+# The gallery in a real window on a display of its own: pages are chosen, the look is switched, controls and dialogs are used by
+# pointer and keys, and what is shown is seen to change. Usage: gallery.sh NUI_GALLERY. Exit status 77: the display's programs
+# are not installed.
 set -euo pipefail
 
 gallery=$1
@@ -50,9 +51,30 @@ wait_for "something drawn" has_drawn
 xdotool windowfocus "$window"
 sleep 0.3
 
-click_changes "another page" 80 210
-click_changes "the dark look" 100 686
+# The same for a key of the keyboard.
+key_changes() { # what, key
+    local before after
+    before=$(rest)
+    xdotool key "$2"
+    sleep 0.1
+    after=$(rest)
+    [ "$before" != "$after" ] || fail "nothing changed: $1"
+    echo "ok: $1"
+}
+
+click_changes "another page" 80 224
+click_changes "the dark look" 100 688
 click_changes "the sheet beside the page" 940 38
+click_changes "the page of lists" 80 394
+click_changes "another row of the list" 300 276
+click_changes "the list of a combo" 680 190
+click_changes "a click beside that list" 100 690
+click_changes "the page of dialogs" 80 530
+click_changes "a question" 456 215
+key_changes "Yes by Return" Return
+click_changes "a message" 308 215
+key_changes "Escape" Escape
+click_changes "the keyboard on the screen" 80 564
 
 kill -TERM "$gallery_pid"
 ended() { ! kill -0 "$gallery_pid" 2>/dev/null; }

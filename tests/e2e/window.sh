@@ -7,31 +7,7 @@ set -euo pipefail
 viewer=$1
 screen="$2/assets/screens/hello.ui"
 . "$(dirname "${BASH_SOURCE[0]}")/display.sh"
-
-traced() { # what the trace has to hold from the mark on: a text, or several in one line
-    local lines text
-    lines=$(tail -n "+$((mark + 1))" "$folder/trace.jsonl")
-    for text in "$@"; do
-        lines=$(grep -F -e "$text" <<<"$lines") || return 1
-    done
-}
-
-# From here on only new lines of the trace count.
-mark_trace() { mark=$(wc -l <"$folder/trace.jsonl"); }
-
-# Does something with xdotool and waits for what it makes the trace say.
-act() { # words for xdotool, "--", texts that one line of the trace has to hold
-    local words=()
-    while [ "$1" != -- ]; do
-        words+=("$1")
-        shift
-    done
-    shift
-    mark_trace
-    xdotool "${words[@]}" || fail "xdotool ${words[*]}"
-    wait_for "a line with $* after '${words[*]}'" traced "$@"
-    echo "ok: ${words[*]} -> $*"
-}
+. "$(dirname "${BASH_SOURCE[0]}")/trace.sh"
 
 # Where a component of the screen stands in a window of this size: its centre in pixels.
 centre_of() { # component, width, height
@@ -54,7 +30,6 @@ empty=$(drawn_bytes)
 "$viewer" "$screen" --trace "$folder/trace.jsonl" >"$folder/viewer.log" 2>&1 &
 viewer_pid=$!
 pids+=("$viewer_pid")
-mark=0
 wait_for "the window" xdotool search --onlyvisible --pid "$viewer_pid"
 window=$(xdotool search --onlyvisible --pid "$viewer_pid" | head -n 1)
 wait_for "the trace" test -e "$folder/trace.jsonl"

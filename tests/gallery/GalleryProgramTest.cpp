@@ -12,6 +12,7 @@
 #include <set>
 #include <string>
 #include <sys/wait.h>
+#include <unistd.h>
 
 namespace {
 
@@ -19,7 +20,8 @@ class GalleryProgram : public testing::Test {
 protected:
     void SetUp() override {
         const auto *info = testing::UnitTest::GetInstance()->current_test_info();
-        folder = std::filesystem::temp_directory_path() / (std::string("nui-gallery-") + info->name());
+        folder = std::filesystem::temp_directory_path() /
+                 (std::string("nui-gallery-") + info->name() + "-" + std::to_string(getpid()));
         std::filesystem::remove_all(folder);
         std::filesystem::create_directories(folder);
     }

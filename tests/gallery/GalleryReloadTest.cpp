@@ -6,20 +6,26 @@
 #include "nengine/Engine.h"
 #include "nengine/texture/TexturePool.h"
 #include "nui/ui/Component.h"
+#include "nui/ui/Dialog.h"
+#include "nui/ui/UIEvent.h"
 #include "nui/ui/UIManager.h"
 
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <memory>
 #include <string>
+#include <unistd.h>
 
 namespace {
 
 using gallery::Gallery;
 using nurel::ui::Component;
+using nurel::ui::Dialog;
 using nurel::ui::UIManager;
 
 /// The gallery on a copy of its files that may be changed.
@@ -27,10 +33,11 @@ class GalleryReload : public testing::Test {
 protected:
     void SetUp() override {
         const auto *info = testing::UnitTest::GetInstance()->current_test_info();
-        folder = std::filesystem::temp_directory_path() / (std::string("nui-gallery-reload-") + info->name());
+        folder = std::filesystem::temp_directory_path() /
+                 (std::string("nui-gallery-reload-") + info->name() + "-" + std::to_string(getpid()));
         std::filesystem::remove_all(folder);
         std::filesystem::create_directories(folder);
-        for (const char *part : {"gallery", "style"})
+        for (const char *part : {"gallery", "style", "dialogs"})
             std::filesystem::copy(std::filesystem::path(ASSETS) / part, folder / part,
                                   std::filesystem::copy_options::recursive);
         nurel::EngineConfig config = nurel::EngineConfig::headless(1280, 720);
@@ -56,6 +63,19 @@ protected:
             UIManager::getSingleton().updateEvents();
             UIManager::getSingleton().update();
         }
+    }
+
+    void showPage(const char *name) {
+        for (std::size_t i = 0; i < gallery::getPages().size(); ++i) {
+            if (std::strcmp(gallery::getPages()[i].name, name) == 0)
+                shown->showPage(i);
+        }
+        runFrames();
+    }
+
+    std::string load(const char *file) const {
+        std::ifstream stream(folder / file);
+        return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
     }
 
     void save(const char *file, const std::string &text) const { std::ofstream(folder / file) << text; }
@@ -125,4 +145,27 @@ TEST_F(GalleryReload, APageThatCannotBeReadIsNotShown) {
     shown->showPage(2);
     runFrames();
     EXPECT_STREQ(viewer::getComponentText(*viewer::findComponent("main/title")), "Text");
+}
+
+TEST_F(GalleryReload, ASavedTemplateOfDialogsIsForTheNextOne) {
+    const test::LogCapture log;
+    showPage("dialogs");
+    const auto open = [this] {
+        const nurel::ui::Ray ray;
+        const nurel::ui::CursorPosition origin;
+        viewer::findComponent("messages/info")->handleEvent(nurel::ui::ClickEvent(ray, origin, origin));
+        runFrames();
+        return Dialog::getCurrentModal();
+    };
+    std::string text = load("dialogs/dialog.ui");
+    const std::size_t title = text.find("\"lTitle\"");
+    ASSERT_NE(title, std::string::npos);
+    text.insert(title + 1, "other\", \"class\": \"heading\"}, {\"type\": \"label\", \"name\": \"");
+    ASSERT_NE(open(), nullptr);
+    EXPECT_EQ(viewer::findComponent("info/other"), nullptr);
+    save("dialogs/dialog.ui", text);
+    reload();
+    EXPECT_NE(viewer::findComponent("stage/dialogs"), nullptr);
+    ASSERT_NE(open(), nullptr);
+    EXPECT_NE(viewer::findComponent("info/other"), nullptr);
 }

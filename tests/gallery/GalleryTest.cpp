@@ -1,116 +1,20 @@
-#include "Gallery.h"
+#include "GalleryFixture.h"
 
 #include "ComponentFinder.h"
-#include "support/LogCapture.h"
 
-#include "nengine/Engine.h"
-#include "nengine/renderer/RecordingBackend.h"
-#include "nengine/renderer/RenderPass.h"
-#include "nengine/texture/TexturePool.h"
-#include "ninput/input/InputSystem.h"
-#include "ninput/input/Keyboard.h"
 #include "ninput/input/Mouse.h"
-#include "nui/ui/Component.h"
 #include "nui/ui/Container.h"
 #include "nui/ui/UIManager.h"
 #include "nui/ui/components/Label.h"
 
-#include "foundation/core/Exception.h"
-
-#include <gtest/gtest.h>
-
-#include <cstring>
-#include <memory>
-#include <string>
-
 namespace {
 
-using gallery::Gallery;
 using nurel::input::Mouse;
-using nurel::math::Vector2;
 using nurel::renderer::RecordingBackend;
 using nurel::ui::Component;
 using nurel::ui::UIManager;
 
-constexpr int RETURN_KEY = 0x1c;
-
-class GalleryTest : public testing::Test {
-protected:
-    GalleryTest() : backend(std::make_shared<RecordingBackend>()) {
-        nurel::EngineConfig config = nurel::EngineConfig::headless(1280, 720);
-        config.backend = backend;
-        config.fontFile = FONT;
-        engine = std::make_unique<nurel::Engine>(config);
-        shown = std::make_unique<Gallery>(ASSETS);
-        runFrames(3);
-    }
-
-    ~GalleryTest() override {
-        shown.reset();
-        UIManager::shutdown();
-    }
-
-    void runFrames(int count) {
-        for (int i = 0; i < count; ++i) {
-            engine->advance(1.0 / 60);
-            shown->update();
-            nurel::texture::TexturePool::getSingleton().waitUntilLoaded();
-            engine->pump();
-            UIManager::getSingleton().updateEvents();
-            UIManager::getSingleton().update();
-        }
-    }
-
-    void draw() { engine->renderFrame(*UIManager::getSingleton().getRenderPass()); }
-
-    void showPage(const char *name) {
-        for (std::size_t i = 0; i < gallery::getPages().size(); ++i) {
-            if (std::strcmp(gallery::getPages()[i].name, name) == 0)
-                shown->showPage(i);
-        }
-        runFrames(3);
-    }
-
-    static Component &find(const std::string &path) {
-        Component *found = viewer::findComponent(path.c_str());
-        if (!found)
-            throw core::IllegalArgumentException("there is no '%s'", path.c_str());
-        return *found;
-    }
-
-    static std::string textOf(const std::string &path) {
-        const char *text = viewer::getComponentText(find(path));
-        return text ? text : "";
-    }
-
-    static bool isChecked(const std::string &path) { return viewer::isComponentChecked(find(path)); }
-
-    void moveTo(const std::string &path) {
-        const Vector2 point = viewer::getScreenCenter(find(path));
-        UIManager::getSingleton().setMousePos({static_cast<int>(point.x), static_cast<int>(point.y)});
-        runFrames(1);
-    }
-
-    void click(const std::string &path) {
-        moveTo(path);
-        UIManager::getSingleton().setMouseButton(Mouse::LEFT, Mouse::PRESS);
-        runFrames(1);
-        UIManager::getSingleton().setMouseButton(Mouse::LEFT, Mouse::RELEASE);
-        runFrames(2);
-    }
-
-    void tap(int key) {
-        for (const bool pressed : {true, false}) {
-            nurel::input::InputSystem::getSingleton().getKeyboard().inject(key, pressed);
-            runFrames(2);
-        }
-    }
-
-    test::LogCapture log; ///< a warning or an error fails the test
-    std::shared_ptr<RecordingBackend> backend;
-    std::unique_ptr<nurel::Engine> engine;
-    std::unique_ptr<Gallery> shown;
-};
+using GalleryTest = test::GalleryFixture;
 
 /// The colour of the first vertex that is drawn: the ground of the whole.
 std::uint32_t getGround(const RecordingBackend &backend) {

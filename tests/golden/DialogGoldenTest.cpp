@@ -1,92 +1,68 @@
-// Dialogs over a screen, in the starter looks.
-#include "GoldenFixture.h"
+// Dialogs over a screen, in the starter looks and without one.
+#include "LookFixture.h"
 
-#include "nengine/texture/TexturePool.h"
-#include "nmain/stream/InputStream.h"
-#include "nmain/vfs/DirectoryFileSystem.h"
 #include "nui/ui/Dialog.h"
-#include "nui/ui/SkinManager.h"
 #include "nui/ui/UIComponentFactory.h"
-#include "nui/ui/UIManager.h"
 #include "nui/ui/Widget.h"
 #include "nui/ui/components/Label.h"
 #include "nui/ui/components/Panel.h"
-#include "nui/ui/css/CSS.h"
-#include "nui/ui/css/CSSParser.h"
-#include "nui/ui/css/CSSSkin.h"
-
-#include <string>
 
 namespace golden {
 
 using nurel::math::Vector2;
 using nurel::ui::Dialog;
-using nurel::ui::SkinManager;
-using nurel::ui::UIComponentFactory;
 using nurel::ui::Widget;
 using nurel::ui::components::Label;
 using nurel::ui::components::Panel;
-using nurel::ui::css::CSSParser;
-using nurel::ui::css::CSSSkin;
 
 namespace {
 
-class DialogGolden : public GoldenFixture {
+class DialogGolden : public LookFixture {
 protected:
-    /// A screen with a card, under one of the starter looks.
-    void showScreen(const std::string &sheet) {
-        nurel::texture::TexturePool::getSingleton().setFileSystem(&mImages);
-        UIComponentFactory::getSingleton().setLoadResolver(&mTemplates);
-        mLook = new CSSSkin("look");
-        SkinManager::getSingleton().addSkin(mLook.get());
-        SkinManager::getSingleton().setDefaultSkin(mLook.get());
-        nurel::stream::FileInputStream sheetStream((std::string(STYLES "/") + sheet).c_str());
-        mLook->setStyleSheet(CSSParser().parse(&sheetStream));
+    void SetUp() override {
+        LookFixture::SetUp();
+        nurel::ui::UIComponentFactory::getSingleton().setLoadResolver(&mTemplates);
+    }
+
+    void TearDown() override {
+        mDialog = nullptr;
+        LookFixture::TearDown();
+    }
+
+    void showScreen() {
         const core::SmartPtr<Widget> widget(new Widget("screen"));
         const core::SmartPtr<Panel> card(new Panel("card"));
         card->addClass("card");
         card->setPositionData(Vector2(10, 10), Vector2::ZERO, Vector2(200, 300), Vector2::ZERO, Panel::ANCHOR_TOP_LEFT);
         widget->addChild(card.get());
-        GoldenFixture::show(widget);
+        show(widget);
     }
 
     void open(Dialog *dialog) {
         mDialog = dialog;
+        showScreen();
         dialog->showModal(Dialog::BUTTON_CLOSE);
-        nurel::ui::UIManager &manager = nurel::ui::UIManager::getSingleton();
-        manager.updateEvents();
-        manager.update();
-        nurel::texture::TexturePool::getSingleton().waitUntilLoaded();
+        settle();
         engine().advance(0.3);
     }
 
-    void TearDown() override {
-        mDialog = nullptr;
-        nurel::texture::TexturePool::getSingleton().setFileSystem(nullptr);
-        GoldenFixture::TearDown();
-        mLook = nullptr;
-    }
-
 private:
-    nurel::vfs::DirectoryFileSystem mImages{STYLES};
     nurel::vfs::DirectoryFileSystem mTemplates{DIALOGS};
-    core::SmartPtr<CSSSkin> mLook;
     core::SmartPtr<Dialog> mDialog;
 };
 
 } // namespace
 
 TEST_F(DialogGolden, ALightQuestion) {
-    showScreen("light.css");
-    open(Dialog::newDialog("quit", "Leave the game",
-                           "All that you have done since you saved the game will be lost. Leave all the same?",
-                           Dialog::FLAG_YES | Dialog::FLAG_NO | Dialog::FLAG_CANCEL | Dialog::FLAG_CLOSE |
-                               Dialog::FLAG_QUESTION));
+    useSheet("light.css");
+    open(Dialog::newDialog(
+        "quit", "Leave the game", "All that you have done since you saved the game will be lost. Leave all the same?",
+        Dialog::FLAG_YES | Dialog::FLAG_NO | Dialog::FLAG_CANCEL | Dialog::FLAG_CLOSE | Dialog::FLAG_QUESTION));
     expectPicture("dialog-light");
 }
 
 TEST_F(DialogGolden, ADarkErrorWithATitleIcon) {
-    showScreen("dark.css");
+    useSheet("dark.css");
     Dialog *dialog = Dialog::newDialog("failed", "No connection", "The server does not answer.",
                                        Dialog::FLAG_OK | Dialog::FLAG_ERROR);
     dialog->setTitleIconClass("icon");
@@ -95,8 +71,24 @@ TEST_F(DialogGolden, ADarkErrorWithATitleIcon) {
     expectPicture("dialog-dark");
 }
 
+TEST_F(DialogGolden, ALightWarningWithTheFocusOnAButton) {
+    useSheet("light.css");
+    open(Dialog::newDialog("low", "The disk is nearly full", "Saving may fail.",
+                           Dialog::FLAG_OK | Dialog::FLAG_CANCEL | Dialog::FLAG_WARNING));
+    find("bCancel").setFocus();
+    expectPicture("dialog-warning");
+}
+
+TEST_F(DialogGolden, ADarkWordOfInformation) {
+    useSheet("dark.css");
+    open(Dialog::newDialog("done", "Saved", "Your game is safe.",
+                           Dialog::FLAG_OK | Dialog::FLAG_CLOSE | Dialog::FLAG_INFO));
+    addState("bOK", HOVER);
+    expectPicture("dialog-information");
+}
+
 TEST_F(DialogGolden, ABodyThatIsTooHighScrolls) {
-    showScreen("light.css");
+    useSheet("light.css");
     const core::SmartPtr<Panel> body(new Panel("body"));
     body->setSize(Vector2(300, 400));
     body->addClass("well");

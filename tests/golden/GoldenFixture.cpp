@@ -28,7 +28,6 @@ using nurel::ui::Widget;
 namespace {
 
 constexpr int TOLERANCE = 4;
-constexpr std::size_t PIXELS_PER_OUTLIER = 1000;
 constexpr int FRAMES = 5;
 constexpr float BACKGROUND[] = {0.1F, 0.1F, 0.12F, 1};
 
@@ -131,17 +130,18 @@ std::vector<std::uint8_t> GoldenFixture::draw() {
     return getContext(WIDTH, HEIGHT).readPixels();
 }
 
-void GoldenFixture::expectPicture(const std::string &name) {
+void GoldenFixture::expectPicture(const std::string &name, std::size_t outliers) {
     UIManager::getSingleton().getRoot()->updateProperties();
     std::vector<std::uint8_t> picture;
     for (int i = 0; i < FRAMES; ++i) {
         mEngine->advance(1.0 / 60);
         picture = draw();
     }
-    expectPictures(name, {picture});
+    expectPictures(name, {picture}, outliers);
 }
 
-void GoldenFixture::expectPictures(const std::string &name, const std::vector<std::vector<std::uint8_t>> &pictures) {
+void GoldenFixture::expectPictures(const std::string &name, const std::vector<std::vector<std::uint8_t>> &pictures,
+                                   std::size_t outliers) {
     const unsigned int width = WIDTH * static_cast<unsigned int>(pictures.size());
     const std::vector<std::uint8_t> actual = joinInARow(pictures, WIDTH, HEIGHT);
     const std::string reference = std::string(REFERENCES "/") + name + ".png";
@@ -155,14 +155,13 @@ void GoldenFixture::expectPictures(const std::string &name, const std::vector<st
     ASSERT_EQ(expected.width, width);
     ASSERT_EQ(expected.height, HEIGHT);
     std::vector<std::uint8_t> difference;
-    const std::size_t pixels = std::size_t{width} * HEIGHT;
-    const std::size_t outliers = compare(expected.rgba.get(), actual.data(), pixels, difference);
-    if (outliers > pixels / PIXELS_PER_OUTLIER) {
+    const std::size_t different = compare(expected.rgba.get(), actual.data(), std::size_t{width} * HEIGHT, difference);
+    if (different > outliers * pictures.size()) {
         std::filesystem::create_directories(RESULTS);
         const std::string base = std::string(RESULTS "/") + name;
         nurel::texture::savePng((base + "-actual.png").c_str(), width, HEIGHT, actual.data());
         nurel::texture::savePng((base + "-difference.png").c_str(), width, HEIGHT, difference.data());
-        ADD_FAILURE() << outliers << " pixels differ from " << reference << "; see " << base << "-actual.png";
+        ADD_FAILURE() << different << " pixels differ from " << reference << "; see " << base << "-actual.png";
     }
 }
 

@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -44,13 +45,17 @@ protected:
     /// The stage as it is at the clock's time: WIDTH * HEIGHT pixels of four bytes, rows from the top.
     std::vector<std::uint8_t> draw();
 
-    /// Draws a few frames and compares the last with the reference of that name.
-    void expectPicture(const std::string &name);
+    /// One pixel in a thousand.
+    static constexpr std::size_t OUTLIERS = std::size_t{WIDTH} * HEIGHT / 1000;
 
-    /// Compares pictures that draw() gave, in a row from left to right, with the reference of that name: at most 4 of
-    /// 255 a channel, but for one pixel in a thousand. On a difference the row and what differs are left in out/golden.
-    /// With NUI_UPDATE_GOLDEN set the reference is written instead.
-    static void expectPictures(const std::string &name, const std::vector<std::vector<std::uint8_t>> &pictures);
+    /// Draws a few frames and compares the last with the reference of that name: at most 4 of 255 a channel, but for
+    /// so many pixels, which must be fewer than what the picture is to show. On a difference the picture and what
+    /// differs are left in out/golden. With NUI_UPDATE_GOLDEN set the reference is written instead.
+    void expectPicture(const std::string &name, std::size_t outliers = OUTLIERS);
+
+    /// The same for pictures that draw() gave, in a row from left to right; so many pixels may differ for each.
+    static void expectPictures(const std::string &name, const std::vector<std::vector<std::uint8_t>> &pictures,
+                               std::size_t outliers = OUTLIERS);
 
     nurel::Engine &engine() { return *mEngine; }
 

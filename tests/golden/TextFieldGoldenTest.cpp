@@ -1,6 +1,8 @@
 // Text fields under a sheet, with their caret.
 #include "GoldenFixture.h"
 
+#include "nengine/font/Font.h"
+#include "nengine/font/FontManager.h"
 #include "ninput/input/InputSystem.h"
 #include "nmain/stream/InputStream.h"
 #include "nui/ui/SkinManager.h"
@@ -11,6 +13,9 @@
 #include "nui/ui/css/CSS.h"
 #include "nui/ui/css/CSSParser.h"
 #include "nui/ui/css/CSSSkin.h"
+
+#include <cstdio>
+#include <filesystem>
 
 namespace golden {
 
@@ -43,6 +48,8 @@ constexpr const char *FIELDS[] = {
     R"("text":"")",
 };
 
+constexpr const char *JAPANESE = "/usr/share/fonts/opentype/noto/NotoSansCJK-Regular.ttc";
+
 class TextFieldGolden : public GoldenFixture {
 protected:
     void SetUp() override {
@@ -73,6 +80,17 @@ protected:
 
     TextField &field(unsigned int index) const { return static_cast<TextField &>(*mStage->getChildAt(index)); }
 
+    /// The field with the focus and its caret before the character of that number.
+    void putCaret(unsigned int index, int character) const {
+        field(index).setFocus();
+        frame();
+        tap(Keyboard::K_HOME);
+        tap(Keyboard::K_RIGHT, character);
+    }
+
+    /// The picture must have the caret, which is no more than a few dozen pixels, in its place.
+    void expectCaret(const char *name) { expectPicture(name, 16); }
+
     static void tap(int code, int times = 1) {
         for (int i = 0; i < times; ++i)
             nurel::input::InputSystem::getSingleton().getKeyboard().inject(code, true);
@@ -90,17 +108,38 @@ protected:
 } // namespace
 
 TEST_F(TextFieldGolden, TheCaretOfLeftToRightTextStandsBeforeItsCharacter) {
-    field(0).setFocus();
-    tap(Keyboard::K_HOME);
-    tap(Keyboard::K_RIGHT, 5); // behind "Grüße"
-    expectPicture("text-field-left-to-right");
+    putCaret(0, 5); // behind "Grüße"
+    expectCaret("text-field-left-to-right");
 }
 
 TEST_F(TextFieldGolden, TheCaretOfRightToLeftTextStandsBeforeItsCharacterToo) {
-    field(1).setFocus();
-    tap(Keyboard::K_HOME);
-    tap(Keyboard::K_RIGHT, 4); // behind the first word, the right one
-    expectPicture("text-field-right-to-left");
+    putCaret(1, 4); // behind the first word, the right one
+    expectCaret("text-field-right-to-left");
+}
+
+TEST_F(TextFieldGolden, TheCaretOfArabicStandsBetweenJoinedLetters) {
+    field(1).setText("مرحبا بالعالم");
+    putCaret(1, 3);
+    expectCaret("text-field-arabic");
+}
+
+TEST_F(TextFieldGolden, TheCaretOfMixedTextGoesByTheDirectionOfItsCharacter) {
+    field(2).setText("abc مرحبا 123 xyz");
+    putCaret(2, 11); // behind the 1 of the number, which stands left of the word ahead of it
+    expectCaret("text-field-mixed-number");
+    putCaret(2, 4); // before the word: at its right
+    expectCaret("text-field-mixed-word");
+}
+
+TEST_F(TextFieldGolden, TheCaretOfJapaneseStandsBetweenItsCharacters) {
+    if (!std::filesystem::exists(JAPANESE)) {
+        std::puts("There is no Japanese font: its picture is not compared");
+        return;
+    }
+    field(0).setFont(nurel::font::FontManager::getSingleton().add("japanese", JAPANESE));
+    field(0).setText("日本語の文字入力");
+    putCaret(0, 3);
+    expectCaret("text-field-japanese");
 }
 
 TEST_F(TextFieldGolden, ALongTextScrollsToItsCaretAndIsCutOff) {
@@ -110,7 +149,20 @@ TEST_F(TextFieldGolden, ALongTextScrollsToItsCaretAndIsCutOff) {
         UIManager::getSingleton().textInput(typed);
         frame();
     }
-    expectPicture("text-field-scrolled");
+    expectCaret("text-field-scrolled");
+}
+
+TEST_F(TextFieldGolden, ALongArabicTextIsTypedAtItsLeftAndScrollsToItsBeginning) {
+    field(5).setFocus();
+    for (int i = 0; i < 4; ++i) {
+        for (const char *letters : {"م", "ر", "ح", "ب", "ا", " ", "ب", "ا", "ل", "ع", "ا", "ل", "م", " "}) {
+            UIManager::getSingleton().textInput(letters);
+            frame();
+        }
+    }
+    expectCaret("text-field-arabic-end");
+    tap(Keyboard::K_HOME);
+    expectCaret("text-field-arabic-home");
 }
 
 } // namespace golden

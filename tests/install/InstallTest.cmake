@@ -24,11 +24,17 @@ if(hidden)
     message(FATAL_ERROR "headers that nobody may include were installed: ${hidden}")
 endif()
 
-foreach(asset dialogs/dialog.ui dialogs/dialog-icon-body.ui style/light.css style/light/card.png screens/settings.ui)
+foreach(asset dialogs/dialog.ui dialogs/dialog-icon-body.ui gallery/gallery.ui style/light.css style/light/card.png
+        screens/settings.ui)
     if(NOT EXISTS ${prefix}/share/nui/${asset})
         message(FATAL_ERROR "${asset} was not installed")
     endif()
 endforeach()
+
+run_step("drawing the installed gallery" ${prefix}/bin/nui-gallery --size 320x200 --png-dir ${WORK_FOLDER}/pictures)
+if(NOT EXISTS ${WORK_FOLDER}/pictures/dialogs-dark.png)
+    message(FATAL_ERROR "the gallery drew no dialogs-dark.png but\n${output}")
+endif()
 
 run_step("configuring the project" ${CMAKE_COMMAND} -S ${CONSUMER} -B ${WORK_FOLDER}/build -G ${GENERATOR}
     -D CMAKE_BUILD_TYPE=${CONFIGURATION} -D CMAKE_CXX_COMPILER=${COMPILER}

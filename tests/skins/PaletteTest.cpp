@@ -43,6 +43,8 @@ TEST_P(PaletteContrast, TextIsLegibleOnEveryGroundThatItStandsOn) {
         {"ink", "raisedHover"},
         {"ink", "raisedPressed"},
         {"ink", "accentSoft"},
+        {"ink", "accentSoftHover"},
+        {"ink", "bar"},
         {"subtle", "page"},
         {"subtle", "card"},
         {"subtle", "well"},
@@ -75,6 +77,7 @@ TEST_P(PaletteContrast, EdgesOfControlsAndRingsStandOutFromTheirGround) {
         {"ring", "card"},       {"ring", "well"},      {"ring", "field"},     {"ring", "raised"},
         {"ring", "accentSoft"}, {"accent", "page"},    {"accent", "card"},    {"accent", "well"},
         {"danger", "page"},     {"danger", "card"},    {"accentInk", "card"}, {"accentInk", "page"},
+        {"accentInk", "well"},  {"caret", "field"},
     };
     for (const Pair &pair : PAIRS)
         expectContrast(pair, 3);

@@ -50,6 +50,17 @@ const nurel::ui::css::Property *findProperty(const nurel::ui::css::CSS &sheet, c
     return nullptr;
 }
 
+bool hasRule(const nurel::ui::css::CSS &sheet, const std::string &selector) {
+    for (const auto &rule : sheet) {
+        for (const auto &candidate : rule->getSelectors()) {
+            std::string text;
+            if (candidate->toString(text) == selector)
+                return true;
+        }
+    }
+    return false;
+}
+
 } // namespace
 
 TEST(StarterSheets, AreReadWithoutAWarning) {
@@ -78,6 +89,45 @@ TEST(StarterSheets, ChooseTheirCellsByOneMacro) {
     EXPECT_FALSE(hover->hasSkinCount());
 }
 
+TEST(StarterSheets, ShowEveryControlWithFocusAndDisabled) {
+    const auto sheet = parse("light.css");
+    for (const char *selector : {"button:focus",
+                                 "button:disabled",
+                                 "button#label:disabled",
+                                 "button#icon:disabled",
+                                 "checkbox:focus",
+                                 "checkbox#check:disabled",
+                                 "checkbox#label:disabled",
+                                 "radio:focus",
+                                 "radio#check:disabled",
+                                 "radio#label:disabled",
+                                 "combo:focus",
+                                 "combo:disabled",
+                                 "combo#label:disabled",
+                                 "combo#icon:disabled",
+                                 "text:focus",
+                                 "text:disabled",
+                                 "text#label:disabled",
+                                 "text#placeholder:disabled",
+                                 "listbox:focus",
+                                 "listbox:disabled",
+                                 "listbox#item:focus",
+                                 "listbox#item:disabled",
+
+                                 "selector:focus",
+                                 "selector:disabled",
+                                 "selector#item:disabled",
+                                 "selector#left:disabled",
+                                 "selector#right:disabled",
+                                 "slider:focus",
+                                 "slider:disabled",
+                                 "slider#thumb:disabled",
+                                 "progress:disabled",
+                                 "progress#bar:disabled",
+                                 "progress#label:disabled"})
+        EXPECT_TRUE(hasRule(*sheet, selector)) << selector;
+}
+
 TEST(StarterSheets, LightAndDarkDifferInTheirColoursAlone) {
     const std::string light = getRules(readSheet("light.css"));
     EXPECT_FALSE(light.empty());
@@ -85,7 +135,7 @@ TEST(StarterSheets, LightAndDarkDifferInTheirColoursAlone) {
 }
 
 TEST(StarterSheets, TheirColoursAreThoseOfThePalette) {
-    const std::regex macro(R"(\$(\w+): (#[0-9a-f]{6});)");
+    const std::regex macro(R"(\$(\w+): (#[0-9a-f]{6})(?:ff)?;)");
     for (const bool isDark : {false, true}) {
         const std::string sheet = readSheet(isDark ? "dark.css" : "light.css");
         int count = 0;

@@ -62,6 +62,17 @@ TEST_F(ViewerControls, ValuesSelectionsAndTextsAreExpected) {
     EXPECT_EQ(read("err.txt"), "");
 }
 
+TEST_F(ViewerControls, ANumberInAPathTakesOneOfSeveralOfTheName) {
+    EXPECT_EQ(play(R"([
+        {"expect":{"name":"servers/item[0]","text":"Cairo"}}, {"expect":{"name":"servers/item[1]","text":"Osaka"}},
+        {"expect":{"name":"servers/item[2]","exists":false}}, {"expect":{"name":"stage[0]/servers[0]","exists":true}},
+        {"expect":{"name":"stage[1]/servers","exists":false}}, {"expect":{"name":"servers/item[]","exists":false}},
+        {"expect":{"name":"servers/item[-1]","exists":false}}, {"expect":{"name":"servers/item[1x]","exists":false}},
+        {"click":"servers/item[1]"}, {"expect":{"name":"servers","selected":1}}])"),
+              0)
+        << read("err.txt");
+}
+
 TEST_F(ViewerControls, WrongValuesAndSelectionsAreToldWithTheRealOnes) {
     EXPECT_EQ(play(R"([{"expect":{"name":"volume","value":2.6}}, {"expect":{"name":"loaded","value":61}},
                        {"expect":{"name":"quality","selected":0,"text":"Low"}},

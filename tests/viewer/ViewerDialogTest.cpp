@@ -53,6 +53,20 @@ TEST_F(ViewerDialog, OpensWithEveryClickOfTheComponentThatItIsBoundTo) {
     EXPECT_EQ(read("err.txt"), "");
 }
 
+TEST_F(ViewerDialog, TheFocusGoesFromTheScreenToTheDialogAndBack) {
+    EXPECT_EQ(play(R"([
+        {"dialog":{"on":"form/ok","name":"sure","message":"Sure?","answers":{"yes":"","no":""},"focus":"no"}},
+        {"click":"form/ok"}, {"expect":{"name":"form/ok","focused":false}}, {"dump":"open.json"}, {"wait":0.4},
+        {"expect":{"name":"sure/bNo","focused":true}}, {"tap":28}, {"wait":0.4},
+        {"expect":{"name":"form/ok","focused":true}}])"),
+              0)
+        << read("err.txt");
+    const std::unique_ptr<nurel::json::JSObject> dump = readJson(read("open.json"));
+    const nurel::json::JSObject &form = *dump->get("widgets")->get(0U)->get("children")->get(0U);
+    EXPECT_STREQ(form.get("children")->get(0U)->getString("name", ""), "ok");
+    EXPECT_EQ(form.get("children")->get(0U)->getInt("state", -1) & 0x20, 0);
+}
+
 TEST_F(ViewerDialog, TakesABodyAndATemplateFromTheFolderOfTheScreen) {
     write("card.ui", R"({"type":"panel","name":"card","size":[300,200],"children":[
         {"type":"label","name":"lTitle","size":[100,20]}, {"type":"panel","name":"pBody","size":[100,20]},

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -20,7 +21,9 @@ class ViewerProgram : public testing::Test {
 protected:
     void SetUp() override {
         const auto *info = testing::UnitTest::GetInstance()->current_test_info();
-        folder = std::filesystem::temp_directory_path() / (std::string("nui-viewer-") + info->name());
+        std::string name = std::string("nui-viewer-") + info->name();
+        std::replace(name.begin(), name.end(), '/', '-');
+        folder = std::filesystem::temp_directory_path() / name;
         std::filesystem::remove_all(folder);
         std::filesystem::create_directories(folder);
         write("screen.ui", SCREEN);

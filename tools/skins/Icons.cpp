@@ -122,10 +122,63 @@ void drawWarning(Picture &picture) {
     picture.fillDisc({10, 14}, 1.2, WHITE);
 }
 
+void drawQuestion(Picture &picture) {
+    picture.strokeDisc(CENTER, 8, 1.8, WHITE);
+    const auto bow = makeArc({10, 7.9}, 2.4, -0.27, 0.36);
+    picture.strokePath(bow, 1.8, WHITE);
+    drawLine(picture, {bow.back(), {10, 10.4}, {10, 11.2}}, 1.8);
+    picture.fillDisc({10, 14}, 1.2, WHITE);
+}
+
+void drawError(Picture &picture) {
+    picture.strokeDisc(CENTER, 8, 1.8, WHITE);
+    drawLine(picture, {{7.2, 7.2}, {12.8, 12.8}});
+    drawLine(picture, {{12.8, 7.2}, {7.2, 12.8}});
+}
+
+void drawPerson(Picture &picture) {
+    picture.strokeDisc({10, 6.6}, 3.8, 1.8, WHITE);
+    const auto shoulders = makeArc({10, 17.6}, 6.2, -0.25, 0.25);
+    picture.strokePath(shoulders, 1.8, WHITE);
+    drawLine(picture, {shoulders.front(), shoulders.back()}, 1.8);
+}
+
+void drawLock(Picture &picture) {
+    picture.fillBox({4, 9, 16, 18}, 2.4, WHITE);
+    const auto shackle = makeArc({10, 6.8}, 3.6, -0.25, 0.25);
+    drawLine(picture, {{6.4, 9.5}, shackle.front()}, 1.8);
+    picture.strokePath(shackle, 1.8, WHITE);
+    drawLine(picture, {shackle.back(), {13.6, 9.5}}, 1.8);
+}
+
+void drawEye(Picture &picture) {
+    picture.strokePath(makeArc({10, 14.6}, 9, -0.17, 0.17), 1.8, WHITE);
+    picture.strokePath(makeArc({10, 5.4}, 9, 0.33, 0.67), 1.8, WHITE);
+    picture.fillDisc(CENTER, 2.7, WHITE);
+}
+
+void drawBackspace(Picture &picture) {
+    drawLine(picture, {{7, 4.5}, {18, 4.5}, {18, 15.5}, {7, 15.5}, {1.8, 10}, {7, 4.5}}, 1.8);
+    drawLine(picture, {{9.4, 7.6}, {14.2, 12.4}}, 1.8);
+    drawLine(picture, {{14.2, 7.6}, {9.4, 12.4}}, 1.8);
+}
+
+void drawShift(Picture &picture) {
+    drawLine(picture, {{10, 2.8}, {17.2, 10}, {13.4, 10}, {13.4, 16.8}, {6.6, 16.8}, {6.6, 10}, {2.8, 10}, {10, 2.8}},
+             1.8);
+}
+
+void drawReturn(Picture &picture) {
+    drawLine(picture, {{16.5, 4}, {16.5, 11.5}, {3.5, 11.5}});
+    drawLine(picture, {{7.5, 7.5}, {3.5, 11.5}, {7.5, 15.5}});
+}
+
 using Draw = void (*)(Picture &);
-constexpr Draw ICONS[] = {drawPlus, drawMinus, drawCheckMark,   drawCross,  drawLeft, drawRight,
-                          drawUp,   drawDown,  drawMenu,        drawSearch, drawGear, drawStar,
-                          drawSun,  drawMoon,  drawInformation, drawWarning};
+constexpr Draw ICONS[] = {drawPlus,   drawMinus, drawCheckMark,   drawCross,     drawLeft,     drawRight,
+                          drawUp,     drawDown,  drawMenu,        drawSearch,    drawGear,     drawStar,
+                          drawSun,    drawMoon,  drawInformation, drawWarning,   drawQuestion, drawError,
+                          drawPerson, drawLock,  drawEye,         drawBackspace, drawShift,    drawReturn};
+static_assert(std::size(ICONS) % COLUMNS == 0);
 
 } // namespace
 

@@ -37,6 +37,8 @@ constexpr PaletteEntry PALETTE[] = {
     {"accentInk", 0x1d4fc7, 0x8db1ff},
     {"accentSoft", 0xdfe9fd, 0x22345c},
     {"accentSoftHover", 0xd0dffb, 0x2a4070},
+    {"caret", 0x1d4fc7, 0x8db1ff},
+    {"bar", 0x8fb3f9, 0x2b50b0},
     {"ring", 0x2358d9, 0x8db1ff},
     // what is good, what may hurt
     {"danger", 0xc0272f, 0xcf353d},

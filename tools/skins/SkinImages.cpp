@@ -2,6 +2,7 @@
 
 #include "Icons.h"
 
+#include <algorithm>
 #include <array>
 
 namespace drawing {
@@ -82,6 +83,29 @@ Picture drawQuietButton(Theme theme) {
     const Faces checked = {{soft, softHover, softHover, getColor(theme, "raisedOff")},
                            {soft, softHover, softHover, getColor(theme, "raisedOff")}};
     return drawButton(plain, checked, getColor(theme, "ring"), false);
+}
+
+/// A row of a list, with the cells of a button. The row that the keys are at has a ring; where it is the selected one,
+/// whose face says enough, only an edge.
+Picture drawRow(Theme theme) {
+    constexpr unsigned int SIDE = 20;
+    constexpr double ROW_RADIUS = 4;
+    const Box box = {0, 0, SIDE, SIDE};
+    const Color plain[STATES] = {getColor(theme, "card", 0), getColor(theme, "edge", 0.16),
+                                 getColor(theme, "edge", 0.30), getColor(theme, "card", 0)};
+    const Color checked[STATES] = {getColor(theme, "accentSoft"), getColor(theme, "accentSoftHover"),
+                                   getColor(theme, "accentSoftHover"), getColor(theme, "edgeOff", 0.5)};
+    Picture picture(SIDE, SIDE, STATES, 4);
+    for (unsigned int row = 0; row < 4; ++row) {
+        const bool isChecked = row >= 2;
+        for (unsigned int state = 0; state < STATES; ++state) {
+            picture.selectCell(state, row);
+            picture.fillBox(box, ROW_RADIUS, isChecked ? checked[state] : plain[state]);
+            if (row % 2 == 1 && state != OFF)
+                picture.strokeBox(box, ROW_RADIUS, isChecked ? 1 : 2, getColor(theme, "ring"));
+        }
+    }
+    return picture;
 }
 
 /// Cells: normal, hover, focus, disabled.
@@ -200,17 +224,70 @@ Picture drawDialog(Theme theme) {
     return picture;
 }
 
-/// Cells: normal, hover, pressed; the first row is a vertical bar, the second a horizontal one.
+/// The colour in columns from one x to another, ever denser: what is below fades out.
+void fadeIn(Picture &picture, double from, double to, double height, const Color &color) {
+    const double step = to > from ? 1 : -1;
+    for (double x = from; x != to; x += step) {
+        const Color part = {color.red, color.green, color.blue, (x + step * 0.5 - from) / (to - from)};
+        picture.fillBox({std::min(x, x + step), 0, std::max(x, x + step), height}, 0, part);
+    }
+}
+
+/// The two buttons of a selector, a row each, on the selector's ground, into which a text that is too long fades.
+/// Cells: normal, hover, pressed, disabled.
+Picture drawStep(Theme theme) {
+    constexpr unsigned int WIDTH = 40;
+    constexpr unsigned int HEIGHT = 28;
+    constexpr double FADE = 8;
+    constexpr double SIDE = WIDTH - FADE;
+    constexpr Point LEFT[] = {{18, 8.5}, {12.5, 14}, {18, 19.5}};
+    constexpr Point RIGHT[] = {{22, 8.5}, {27.5, 14}, {22, 19.5}};
+    constexpr double DARKNESS[] = {0, 0.16, 0.30, 0};
+    Picture picture(WIDTH, HEIGHT, STATES, 2);
+    for (unsigned int state = 0; state < STATES; ++state) {
+        const Color ground = getColor(theme, state == OFF ? "raisedOff" : "field");
+        for (const bool isRight : {false, true}) {
+            const double left = isRight ? FADE : 0;
+            picture.selectCell(state, isRight ? 1 : 0);
+            picture.fillBox({left, 0, left + SIDE, HEIGHT}, 0, ground);
+            fadeIn(picture, isRight ? 0 : WIDTH, isRight ? left : SIDE, HEIGHT, ground);
+            picture.fillBox({left + 2, 0, left + SIDE - 2, HEIGHT}, 4, getColor(theme, "edge", DARKNESS[state]));
+            picture.strokePath(isRight ? RIGHT : LEFT, 2, getColor(theme, state == OFF ? "faint" : "ink"));
+        }
+    }
+    return picture;
+}
+
+/// What says that a combo opens, on the combo's ground. Cells: normal, hover, pressed, disabled.
+Picture drawArrow(Theme theme) {
+    constexpr unsigned int WIDTH = 32;
+    constexpr unsigned int HEIGHT = 28;
+    constexpr double FADE = 10;
+    constexpr Point DOWN[] = {{16, 11.5}, {22, 17.5}, {28, 11.5}};
+    constexpr const char *GROUNDS[STATES] = {"raised", "raisedHover", "raisedPressed", "raisedOff"};
+    Picture picture(WIDTH, HEIGHT, STATES, 1);
+    for (unsigned int state = 0; state < STATES; ++state) {
+        const Color ground = getColor(theme, GROUNDS[state]);
+        picture.selectCell(state, 0);
+        picture.fillBox({FADE, 0, WIDTH, HEIGHT}, 0, ground);
+        fadeIn(picture, 0, FADE, HEIGHT, ground);
+        picture.strokePath(DOWN, 2, getColor(theme, state == OFF ? "faint" : "ink"));
+    }
+    return picture;
+}
+
+/// Cells: normal, hover, pressed; the first row is a vertical bar, the second a horizontal one. It keeps to the outer
+/// edge of its cell, so that it hides little of what lies below.
 Picture drawScrollBar(Theme theme) {
     constexpr const char *COLORS[] = {"edge", "edgeHover", "edgeHover"};
     Picture picture(12, 12, 3, 2);
     for (unsigned int state = 0; state < 3; ++state) {
         const Color color = getColor(theme, COLORS[state]);
-        const double inset = state == NORMAL ? 1 : 0;
+        const double width = state == NORMAL ? 4 : 6;
         picture.selectCell(state, 0);
-        picture.fillBox({4 + inset, 2, 10, 10}, 3 - inset * 0.5, color);
+        picture.fillBox({11 - width, 2, 11, 10}, width * 0.5, color);
         picture.selectCell(state, 1);
-        picture.fillBox({2, 4 + inset, 10, 10}, 3 - inset * 0.5, color);
+        picture.fillBox({2, 11 - width, 10, 11}, width * 0.5, color);
     }
     return picture;
 }
@@ -227,25 +304,33 @@ Picture drawThumb(Theme theme) {
     return picture;
 }
 
-/// Cells: the track of a slider, the same with focus, the trough of a progress bar, its bar, and both disabled.
+/// Cells, a row each for slider and progress bar: the track, the same under the cursor, with focus and disabled; the
+/// trough, its bar, and both disabled.
 Picture drawTrack(Theme theme) {
     constexpr double SIDE = 20;
+    constexpr Box TRACK = {4, 7, SIDE - 4, 13}; // the ring goes around it, and the thumb hardly beyond it
+    constexpr Box TROUGH = {0, 2, SIDE, 18};
     const Color edge = getColor(theme, "edge");
     const Color well = getColor(theme, "well");
     const Color off = getColor(theme, "edgeOff");
-    Picture picture(20, 20, 6, 1);
-    drawFace(picture, {0, 7, SIDE, 13}, 3, well, edge);
+    const Color wellOff = getColor(theme, "raisedOff");
+    Picture picture(20, 20, STATES, 2);
+    drawFace(picture, TRACK, 3, well, edge);
     picture.selectCell(1, 0);
-    drawFace(picture, {0, 7, SIDE, 13}, 3, well, edge);
-    picture.strokeBox({0, 0, SIDE, SIDE}, RADIUS, 2, getColor(theme, "ring"));
+    drawFace(picture, TRACK, 3, well, getColor(theme, "edgeHover"));
     picture.selectCell(2, 0);
-    drawFace(picture, {0, 4, SIDE, 16}, 6, well, edge);
+    drawFace(picture, TRACK, 3, well, edge);
+    picture.strokeBox({0, 0, SIDE, SIDE}, RADIUS, 2, getColor(theme, "ring"));
     picture.selectCell(3, 0);
-    picture.fillBox({0, 4, SIDE, 16}, 6, getColor(theme, "accent"));
-    picture.selectCell(4, 0);
-    drawFace(picture, {0, 4, SIDE, 16}, 6, getColor(theme, "raisedOff"), off);
-    picture.selectCell(5, 0);
-    picture.fillBox({0, 4, SIDE, 16}, 6, off);
+    drawFace(picture, TRACK, 3, wellOff, off);
+    picture.selectCell(0, 1);
+    drawFace(picture, TROUGH, 6, well, edge);
+    picture.selectCell(1, 1);
+    drawFace(picture, TROUGH, 6, getColor(theme, "bar"), getColor(theme, "accentInk"));
+    picture.selectCell(2, 1);
+    drawFace(picture, TROUGH, 6, wellOff, off);
+    picture.selectCell(3, 1);
+    picture.fillBox(TROUGH, 6, off);
     return picture;
 }
 
@@ -307,7 +392,10 @@ void addTheme(std::vector<SkinImage> &images, Theme theme) {
     images.push_back({folder + "primary.png", drawFilledButton(theme, "accent", "accentHover", "accentPressed")});
     images.push_back({folder + "danger.png", drawFilledButton(theme, "danger", "dangerHover", "dangerPressed")});
     images.push_back({folder + "quiet.png", drawQuietButton(theme)});
+    images.push_back({folder + "row.png", drawRow(theme)});
     images.push_back({folder + "field.png", drawField(theme)});
+    images.push_back({folder + "step.png", drawStep(theme)});
+    images.push_back({folder + "arrow.png", drawArrow(theme)});
     images.push_back({folder + "check.png", drawCheck(theme)});
     images.push_back({folder + "radio.png", drawRadio(theme)});
     images.push_back({folder + "switch.png", drawSwitch(theme)});

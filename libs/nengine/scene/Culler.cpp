@@ -12,8 +12,7 @@ namespace {
 
 bool writesStencil(const Mesh &mesh) {
     using properties::StencilProperty;
-    const auto &stencil =
-        static_cast<const StencilProperty &>(*mesh.getPropertySet().getEffective(Property::STENCIL));
+    const auto &stencil = static_cast<const StencilProperty &>(*mesh.getPropertySet().getEffective(Property::STENCIL));
     return stencil.isEnabled() && stencil.getPassOperation() != StencilProperty::KEEP;
 }
 

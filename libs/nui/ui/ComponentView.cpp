@@ -90,9 +90,7 @@ void ComponentView::onVisible(scene::Culler *culler, math::Frustum::EFrustumResu
 /// Whether the camera sees the back of the component, or just its edge.
 bool ComponentView::isTurnedAway(const scene::Camera &camera) const {
     const math::Matrix4 &world = getWorldTransform();
-    const auto axis = [&world](unsigned int row) {
-        return math::Vector3(world(row, 0), world(row, 1), world(row, 2));
-    };
+    const auto axis = [&world](unsigned int row) { return math::Vector3(world(row, 0), world(row, 1), world(row, 2)); };
     // Upright on the component's plane and away from the viewer: z is as well, unless the scales above have slanted it.
     math::Vector3 away = axis(0).cross(axis(1));
     if (away.dot(axis(2)) < 0) // mirrored by a scale

@@ -1,10 +1,10 @@
 #include "nui/ui/Container.h"
 
-#include "foundation/core/Exception.h"
 #include "foundation/core/Type.h"
 #include "nmain/core/CloningOptions.h"
 #include "nui/ui/ComponentView.h"
 #include "nui/ui/Layout.h"
+#include "nui/ui/detail/CloneTarget.h"
 
 namespace nurel::ui {
 
@@ -95,9 +95,7 @@ Component *Container::hitTest(const Ray &ray, math::Vector3 &point) {
 }
 
 void Container::_clone(core::Object *object, core::CloningOptions &options) const {
-    if (!object || !object->instanceOf(TYPE))
-        throw core::IllegalArgumentException("%s cannot be cloned into %s", getType().getName(),
-                                             object ? object->getType().getName() : "nothing");
+    detail::requireCloneTarget(*this, object, TYPE);
     if (object == this)
         return;
     Container &target = *static_cast<Container *>(object);

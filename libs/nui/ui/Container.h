@@ -149,6 +149,10 @@ protected:
     /// For controls whose parts follow their state: gives one a state word; its view is marked if that changed.
     static void setChildState(Component &child, unsigned int state) { child.setState(state); }
 
+    /// For a part that a control adds to itself: coming under a disabled parent does not mark a child, but the part
+    /// looks disabled with its control all the same.
+    void shareDisabled(Component &part) const { setChildState(part, part.getState() | (getState() & STATE_DISABLED)); }
+
     /// Lets the layout place the children, and those that it moved take their places.
     virtual void updateLayout();
 

@@ -269,6 +269,8 @@ void Dialog::shutdown() {
 core::Future<DialogResult> Dialog::newFuture() {
     core::Future<DialogResult> future;
     mFutures.push_back(future);
+    if (mIsAnswering) // a subscriber from now on would still be told of the answer that is being given
+        return future;
     ResultCallbacks::subscribeCallback([future](Dialog *, DialogResult result) mutable {
         future.set(result);
         return true;
@@ -354,13 +356,16 @@ void Dialog::close(DialogResult result) {
     // 3. The futures get the answer also when a callback fails, or has removed the others
     struct Answering {
         ~Answering() {
+            isAnswering = wasAnswering;
             for (core::Future<DialogResult> &future : futures)
                 future.set(result);
         }
         std::vector<core::Future<DialogResult>> futures;
         const DialogResult result;
+        bool &isAnswering;
+        const bool wasAnswering;
     };
-    const Answering answering{std::exchange(mFutures, {}), result};
+    const Answering answering{std::exchange(mFutures, {}), result, mIsAnswering, std::exchange(mIsAnswering, true)};
     ResultCallbacks::triggerCallbacks(this, result);
 }
 

@@ -81,7 +81,8 @@ public:
 
     // --- Making one. It belongs to the caller and is not shown. A template that cannot be loaded is logged as
     // --- "Unable to load template %s", and its exception goes on to the caller; one that is no panel raises
-    // --- `core::IllegalArgumentException` "Cannot clone %s as %s". A template's file is read once.
+    // --- `core::IllegalArgumentException` "Cannot clone %s as %s". A template's file is read once. Make it while no
+    // --- animation is open: one that is records which buttons are shown, and shows it when it ends.
 
     /// With a body, which may be null: it goes into "pBody". It is taken over, also when this fails. Without the name
     /// of a template, "dialog".
@@ -105,7 +106,8 @@ public:
     /// is open is dropped.
     ///
     /// The future gets the answer; any thread may wait for it, but the one that runs the dialog would wait for ever. A
-    /// dialog that is shown already stays as it is, and the future is one more for its answer.
+    /// dialog that is shown already stays as it is, and the future is one more for its answer. One that a subscriber
+    /// shows again while it is told of the answer waits for a new answer.
     core::Future<DialogResult> showModal(ButtonType focus);
 
     /// Answers the dialog: tells the subscribers and the futures at once, while the closing animation starts. Ignored
@@ -181,6 +183,7 @@ private:
     std::vector<std::pair<core::SmartPtr<Component>, int>> mAnswers; ///< parts, and subscriptions to their clicks
     std::vector<core::Future<DialogResult>> mFutures;                ///< those that wait
     const AnimationContext *mExit = nullptr; ///< the closing animation; it is only compared with
+    bool mIsAnswering = false;               ///< its subscribers are being told
 };
 
 } // namespace nurel::ui

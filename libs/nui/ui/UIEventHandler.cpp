@@ -1,7 +1,7 @@
 #include "nui/ui/UIEventHandler.h"
 
-#include "foundation/core/Exception.h"
 #include "foundation/core/Type.h"
+#include "nui/ui/detail/CloneTarget.h"
 
 #include <utility>
 
@@ -56,9 +56,7 @@ UIEventHandler *UIEventHandler::filterEvent(const UIEvent &event, UIEventHandler
 }
 
 void UIEventHandler::_clone(core::Object *target, core::CloningOptions &options) const {
-    if (!target || !target->instanceOf(TYPE))
-        throw core::IllegalArgumentException("%s cannot be cloned into %s", getType().getName(),
-                                             target ? target->getType().getName() : "nothing");
+    detail::requireCloneTarget(*this, target, TYPE);
     core::NamedObject::_clone(target, options);
     static_cast<UIEventHandler *>(target)->mEventMask = mEventMask;
 }

@@ -1,10 +1,10 @@
 #include "nui/ui/Widget.h"
 
-#include "foundation/core/Exception.h"
 #include "foundation/core/Type.h"
 #include "nui/ui/ComponentView.h"
 #include "nui/ui/Layout.h"
 #include "nui/ui/Skin.h"
+#include "nui/ui/detail/CloneTarget.h"
 
 namespace nurel::ui {
 
@@ -54,9 +54,7 @@ core::Object *Widget::clone(core::CloningOptions &options) const {
 }
 
 void Widget::_clone(core::Object *target, core::CloningOptions &options) const {
-    if (!target || !target->instanceOf(TYPE))
-        throw core::IllegalArgumentException("%s cannot be cloned into %s", getType().getName(),
-                                             target ? target->getType().getName() : "nothing");
+    detail::requireCloneTarget(*this, target, TYPE);
     Container::_clone(target, options);
     static_cast<Widget *>(target)->mSkinName = mSkinName;
 }

@@ -160,6 +160,10 @@ TEST_F(UIComponentParserListsTest, SelectedCountsBesideItemsOnlyAndWithinThem) {
     EXPECT_EQ(selectedIn(R"("items":[],"selected":2.9)"), 2);
     for (const char *value : NO_NUMBERS)
         EXPECT_EQ(selectedIn(std::string(R"("items":[],"selected":)") + value), 1) << value;
+    for (const char *value : {"4294967296", "-4294967297", "1e30", "-1e30"}) // no index of any kind
+        EXPECT_EQ(selectedIn(std::string(R"("items":[],"selected":)") + value), 1) << value;
+    EXPECT_EQ(selectedIn(R"("items":[],"selected":2147483647)"), 1);
+    EXPECT_EQ(selectedIn(R"("items":[],"selected":-2147483648)"), -1);
     const auto made = listbox(R"("items":["a"],"selected":5)");
     EXPECT_EQ(made->getSelectedIndex(), -1);
 }
@@ -172,6 +176,16 @@ TEST_F(UIComponentParserListsTest, NumbersOfTheWrongKindLeaveHeightAndSpacingAlo
         EXPECT_EQ(static_cast<Listbox &>(*made).getItemHeight(), 30) << value;
         EXPECT_EQ(static_cast<Listbox &>(*made).getItemSpacing(), 4) << value;
     }
+}
+
+TEST_F(UIComponentParserListsTest, AnyNumberDoesForHeightAndSpacing) {
+    for (const char *value : {"0", "-7.5", "1e30", "-1e30", "1e300"}) {
+        const auto made =
+            listbox(std::string(THREE) + R"(,"selected":1,"item-height":)" + value + R"(,"item-spacing":)" + value);
+        EXPECT_EQ(textsOf(*made), "a b c") << value;
+        EXPECT_EQ(made->getSelectedIndex(), 1) << value;
+    }
+    EXPECT_EQ(listbox(R"("item-height":-7.5,"item-spacing":0)")->getItemHeight(), -7.5f);
 }
 
 TEST_F(UIComponentParserListsTest, AListOnTopOfABaseGetsMoreRows) {

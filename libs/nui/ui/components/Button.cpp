@@ -10,6 +10,7 @@
 #include "nui/ui/Skin.h"
 #include "nui/ui/components/Image.h"
 #include "nui/ui/components/Label.h"
+#include "nui/ui/detail/CloneTarget.h"
 
 #include <string>
 
@@ -77,8 +78,7 @@ Label *Button::ensureLabel() {
     mLabel->getTextMesh()->setHorizontalAlignment(font::Font::HA_CENTER);
     mLabel->getTextMesh()->setVerticalAlignment(font::Font::VA_CENTER);
     _addChild(mLabel.get(), true);
-    // Coming under a disabled parent does not mark a child; the text looks disabled with its control all the same.
-    setChildState(*mLabel, mLabel->getState() | (getState() & STATE_DISABLED));
+    shareDisabled(*mLabel);
     return mLabel.get();
 }
 
@@ -108,7 +108,7 @@ void Button::setIcon(Image *icon) {
     icon->setClasses(getClasses());
     icon->setEventMask(0);
     _addChild(icon, true);
-    setChildState(*icon, icon->getState() | (getState() & STATE_DISABLED));
+    shareDisabled(*icon);
 }
 
 void Button::setIconVisible(bool visible) {
@@ -223,9 +223,7 @@ core::Object *Button::clone(core::CloningOptions &options) const {
 }
 
 void Button::_clone(core::Object *object, core::CloningOptions &options) const {
-    if (!object || !object->instanceOf(TYPE))
-        throw core::IllegalArgumentException("%s cannot be cloned into %s", getType().getName(),
-                                             object ? object->getType().getName() : "nothing");
+    detail::requireCloneTarget(*this, object, TYPE);
     if (object == this)
         return;
     Button &target = *static_cast<Button *>(object);

@@ -1,11 +1,11 @@
 #include "nui/ui/components/Checkbox.h"
 
-#include "foundation/core/Exception.h"
 #include "foundation/core/Type.h"
 #include "nui/ui/ComponentView.h"
 #include "nui/ui/Skin.h"
 #include "nui/ui/components/Label.h"
 #include "nui/ui/components/Panel.h"
+#include "nui/ui/detail/CloneTarget.h"
 
 #include <cstring>
 #include <string>
@@ -97,8 +97,7 @@ Label *Checkbox::ensureLabel() {
     mLabel = new CheckboxLabel(getElement().c_str());
     mLabel->setClasses(getClasses());
     _addChild(mLabel.get(), true);
-    // Coming under a disabled parent does not mark a child; the text looks disabled with its control all the same.
-    setChildState(*mLabel, mLabel->getState() | (getState() & STATE_DISABLED));
+    shareDisabled(*mLabel);
     return mLabel.get();
 }
 
@@ -184,9 +183,7 @@ core::Object *Checkbox::clone(core::CloningOptions &options) const {
 }
 
 void Checkbox::_clone(core::Object *object, core::CloningOptions &options) const {
-    if (!object || !object->instanceOf(TYPE))
-        throw core::IllegalArgumentException("%s cannot be cloned into %s", getType().getName(),
-                                             object ? object->getType().getName() : "nothing");
+    detail::requireCloneTarget(*this, object, TYPE);
     if (object == this)
         return;
     Checkbox &target = *static_cast<Checkbox *>(object);

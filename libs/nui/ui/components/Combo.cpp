@@ -1,12 +1,12 @@
 #include "nui/ui/components/Combo.h"
 
-#include "foundation/core/Exception.h"
 #include "foundation/core/Type.h"
 #include "foundation/logging/Logger.h"
 #include "nui/ui/Widget.h"
 #include "nui/ui/components/Image.h"
 #include "nui/ui/components/Label.h"
 #include "nui/ui/detail/ClickDistance.h"
+#include "nui/ui/detail/CloneTarget.h"
 #include "nui/ui/detail/ManagerAccess.h"
 
 namespace nurel::ui::components {
@@ -174,9 +174,7 @@ core::Object *Combo::clone(core::CloningOptions &options) const {
 }
 
 void Combo::_clone(core::Object *object, core::CloningOptions &options) const {
-    if (!object || !object->instanceOf(TYPE))
-        throw core::IllegalArgumentException("%s cannot be cloned into %s", getType().getName(),
-                                             object ? object->getType().getName() : "nothing");
+    detail::requireCloneTarget(*this, object, TYPE);
     if (object == this)
         return;
     Combo &target = *static_cast<Combo *>(object);

@@ -1,8 +1,8 @@
 #include "nui/ui/components/ComboList.h"
 
-#include "foundation/core/Exception.h"
 #include "foundation/core/Type.h"
 #include "nui/ui/components/Combo.h"
+#include "nui/ui/detail/CloneTarget.h"
 
 namespace nurel::ui::components {
 
@@ -22,9 +22,7 @@ core::Object *ComboList::clone(core::CloningOptions &options) const {
 }
 
 void ComboList::_clone(core::Object *object, core::CloningOptions &options) const {
-    if (!object || !object->instanceOf(TYPE))
-        throw core::IllegalArgumentException("%s cannot be cloned into %s", getType().getName(),
-                                             object ? object->getType().getName() : "nothing");
+    detail::requireCloneTarget(*this, object, TYPE);
     if (object == this)
         return;
     Listbox::_clone(object, options);

@@ -1,6 +1,5 @@
 #include "nui/ui/components/Label.h"
 
-#include "foundation/core/Exception.h"
 #include "foundation/core/Type.h"
 #include "foundation/text/Utf8.h"
 #include "nengine/font/Font.h"
@@ -9,6 +8,7 @@
 #include "nengine/scene/properties/MaterialProperty.h"
 #include "nui/ui/ComponentView.h"
 #include "nui/ui/Skin.h"
+#include "nui/ui/detail/CloneTarget.h"
 
 #include <algorithm>
 #include <string>
@@ -174,9 +174,7 @@ core::Object *Label::clone(core::CloningOptions &options) const {
 }
 
 void Label::_clone(core::Object *object, core::CloningOptions &options) const {
-    if (!object || !object->instanceOf(TYPE))
-        throw core::IllegalArgumentException("%s cannot be cloned into %s", getType().getName(),
-                                             object ? object->getType().getName() : "nothing");
+    detail::requireCloneTarget(*this, object, TYPE);
     Component::_clone(object, options);
     // The colour and the alpha of the text are not taken over: they start white.
     Label &target = *static_cast<Label *>(object);

@@ -1,12 +1,12 @@
 #include "nui/ui/components/Listbox.h"
 
-#include "foundation/core/Exception.h"
 #include "foundation/core/Type.h"
 #include "nmain/core/CloningOptions.h"
 #include "nui/ui/ComponentView.h"
 #include "nui/ui/Skin.h"
 #include "nui/ui/components/Label.h"
 #include "nui/ui/components/Panel.h"
+#include "nui/ui/detail/CloneTarget.h"
 #include "nui/ui/layouts/FlowLayout.h"
 
 #include <algorithm>
@@ -125,6 +125,7 @@ Listbox::ItemEntry *Listbox::addItem(const char *text, ItemData *data) {
     row->initializeHeight(mItemHeight);
     row->setClasses(getClasses());
     _addChild(row.get(), true);
+    shareDisabled(*row);
     return &mItems.back();
 }
 
@@ -395,9 +396,7 @@ core::Object *Listbox::clone(core::CloningOptions &options) const {
 }
 
 void Listbox::_clone(core::Object *object, core::CloningOptions &options) const {
-    if (!object || !object->instanceOf(TYPE))
-        throw core::IllegalArgumentException("%s cannot be cloned into %s", getType().getName(),
-                                             object ? object->getType().getName() : "nothing");
+    detail::requireCloneTarget(*this, object, TYPE);
     if (object == this)
         return;
     Listbox &target = *static_cast<Listbox *>(object);

@@ -1,16 +1,19 @@
 #include "nui/ui/components/Progress.h"
 
-#include "foundation/core/Exception.h"
 #include "foundation/core/Type.h"
+#include "nengine/scene/meshes/BorderedRectangleMesh.h"
 #include "nui/ui/ComponentView.h"
 #include "nui/ui/Skin.h"
 #include "nui/ui/components/Label.h"
 #include "nui/ui/components/Panel.h"
+#include "nui/ui/detail/CloneTarget.h"
 #include "nui/ui/detail/ClonedPart.h"
 
 #include <cstdint>
 
 namespace nurel::ui::components {
+
+using scene::meshes::BorderedRectangleMesh;
 
 constinit const core::Type Progress::TYPE("Progress", &Container::TYPE);
 
@@ -59,6 +62,8 @@ Progress::Progress(const char *name) : Container(name, ELEMENT), mBar(new Progre
     setScrollMask(SCROLL_NONE);
     disableEvents(UIEvent::ET_DRAG_EVENT);
     enableEvents(UIEvent::ET_CLICK_EVENT | UIEvent::ET_FOCUS_EVENT);
+    // A bar that is hardly begun is shorter than its rounded ends
+    static_cast<BorderedRectangleMesh *>(mBar->getMesh())->setBorderFixMode(BorderedRectangleMesh::BORDER_FIX_FIT);
     Container::_addChild(mBar.get(), true);
 }
 
@@ -115,6 +120,7 @@ Label *Progress::ensureLabel() {
         return label;
     mLabel = new ProgressLabel(getClasses());
     _addChild(mLabel.get(), true);
+    shareDisabled(*mLabel);
     return mLabel.get();
 }
 
@@ -159,9 +165,7 @@ core::Object *Progress::clone(core::CloningOptions &options) const {
 }
 
 void Progress::_clone(core::Object *object, core::CloningOptions &options) const {
-    if (!object || !object->instanceOf(TYPE))
-        throw core::IllegalArgumentException("%s cannot be cloned into %s", getType().getName(),
-                                             object ? object->getType().getName() : "nothing");
+    detail::requireCloneTarget(*this, object, TYPE);
     if (object == this)
         return;
     Progress &target = *static_cast<Progress *>(object);

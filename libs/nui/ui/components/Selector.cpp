@@ -1,11 +1,11 @@
 #include "nui/ui/components/Selector.h"
 
-#include "foundation/core/Exception.h"
 #include "foundation/core/Type.h"
 #include "nui/ui/ComponentView.h"
 #include "nui/ui/Skin.h"
 #include "nui/ui/components/Label.h"
 #include "nui/ui/components/Panel.h"
+#include "nui/ui/detail/CloneTarget.h"
 #include "nui/ui/detail/ClonedPart.h"
 
 namespace nurel::ui::components {
@@ -203,9 +203,7 @@ core::Object *Selector::clone(core::CloningOptions &options) const {
 }
 
 void Selector::_clone(core::Object *object, core::CloningOptions &options) const {
-    if (!object || !object->instanceOf(TYPE))
-        throw core::IllegalArgumentException("%s cannot be cloned into %s", getType().getName(),
-                                             object ? object->getType().getName() : "nothing");
+    detail::requireCloneTarget(*this, object, TYPE);
     if (object == this)
         return;
     Selector &target = *static_cast<Selector *>(object);

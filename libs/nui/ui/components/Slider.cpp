@@ -1,10 +1,10 @@
 #include "nui/ui/components/Slider.h"
 
-#include "foundation/core/Exception.h"
 #include "foundation/core/Type.h"
 #include "nui/ui/ComponentView.h"
 #include "nui/ui/Skin.h"
 #include "nui/ui/components/Panel.h"
+#include "nui/ui/detail/CloneTarget.h"
 #include "nui/ui/detail/ClonedPart.h"
 
 #include <cmath>
@@ -243,9 +243,7 @@ core::Object *Slider::clone(core::CloningOptions &options) const {
 }
 
 void Slider::_clone(core::Object *object, core::CloningOptions &options) const {
-    if (!object || !object->instanceOf(TYPE))
-        throw core::IllegalArgumentException("%s cannot be cloned into %s", getType().getName(),
-                                             object ? object->getType().getName() : "nothing");
+    detail::requireCloneTarget(*this, object, TYPE);
     if (object == this)
         return;
     Slider &target = *static_cast<Slider *>(object);

@@ -1,6 +1,5 @@
 #include "nui/ui/components/TextField.h"
 
-#include "foundation/core/Exception.h"
 #include "foundation/core/Type.h"
 #include "foundation/text/Utf8.h"
 #include "nengine/font/Font.h"
@@ -10,6 +9,7 @@
 #include "nui/ui/ComponentView.h"
 #include "nui/ui/Skin.h"
 #include "nui/ui/components/Label.h"
+#include "nui/ui/detail/CloneTarget.h"
 #include "nui/ui/detail/ClonedPart.h"
 #include "nui/ui/detail/ManagerAccess.h"
 
@@ -151,6 +151,7 @@ Label *TextField::makePart(const char *name) const {
     core::SmartPtr<Label> part(new TextFieldLabel(name));
     part->setClasses(getClasses());
     const_cast<TextField *>(this)->_addChild(part.get(), false);
+    shareDisabled(*part);
     return part.get();
 }
 
@@ -381,9 +382,7 @@ core::Object *TextField::clone(core::CloningOptions &options) const {
 }
 
 void TextField::_clone(core::Object *object, core::CloningOptions &options) const {
-    if (!object || !object->instanceOf(TYPE))
-        throw core::IllegalArgumentException("%s cannot be cloned into %s", getType().getName(),
-                                             object ? object->getType().getName() : "nothing");
+    detail::requireCloneTarget(*this, object, TYPE);
     if (object == this)
         return;
     TextField &target = *static_cast<TextField *>(object);

@@ -4,6 +4,7 @@
 #include "nengine/font/Font.h"
 #include "nengine/scene/meshes/TextMesh.h"
 #include "nui/ui/components/Label.h"
+#include "nui/ui/detail/InnerOffset.h"
 
 #include <cmath>
 #include <limits>
@@ -13,14 +14,6 @@ namespace nurel::ui::components {
 namespace {
 
 constexpr float CARET_WIDTH = 2;
-
-/// How far the inside of the label's box lies off its middle: the text stands in it.
-math::Vector2 getInnerOffset(const Label &label) {
-    const math::Vector4 &padding = label.getPadding();
-    const math::Vector4 &border = label.getBorder();
-    return math::Vector2(std::floor((padding.w + border.w - border.y - padding.y) * 0.5f),
-                         std::floor((padding.x + border.x - border.z - padding.z) * 0.5f));
-}
 
 } // namespace
 
@@ -105,7 +98,7 @@ void TextField::getCaretBounds(math::Vector2 &minimum, math::Vector2 &maximum) c
     const Label &label = *ensureLabel();
     const math::Vector3 &center = label.getWorldPosition();
     const math::Vector2 position =
-        label.getCharacterPosition(getCaretCharacter(label.getTextLength())) + getInnerOffset(label);
+        label.getCharacterPosition(getCaretCharacter(label.getTextLength())) + detail::getInnerOffset(label);
     minimum = math::Vector2(center.x, center.y) + position * label.getWorldScale();
     const font::Font *font = label.getFont();
     const float height = font ? font->getHeight() * label.getTextMesh()->getScale() : 0;

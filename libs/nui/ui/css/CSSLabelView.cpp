@@ -10,6 +10,7 @@
 #include "nui/ui/css/Opacity.h"
 #include "nui/ui/css/TextAlign.h"
 #include "nui/ui/css/VerticalAlign.h"
+#include "nui/ui/detail/InnerOffset.h"
 
 #include <cmath>
 
@@ -90,7 +91,7 @@ void CSSLabelView::updateView() {
     if (!label || !mTextMesh)
         return;
     // 1.
-    math::Vector2 offset = getInnerOffset(*label);
+    math::Vector2 offset = detail::getInnerOffset(*label);
     // 2. Half a pixel off where the label's centre is, so that the text stands on whole ones
     const math::Vector3 &world = label->getWorldPosition();
     if (!isWhole(world.x))

@@ -13,6 +13,7 @@
 #include "nui/ui/components/TextField.h"
 #include "nui/ui/css/CSSLabelView.h"
 #include "nui/ui/css/Color.h"
+#include "nui/ui/detail/InnerOffset.h"
 
 namespace nurel::ui::css {
 
@@ -88,7 +89,9 @@ void CSSTextFieldView::updateView() {
     const bool hasFocus =
         mTextMesh && UIManager::isSingletonCreated() && UIManager::getSingleton().getFocus() == getComponent();
     mCaret->setHidden(!hasFocus);
-    static_cast<BlinkHandler *>(mCaret->getHandler(BlinkHandler::TYPE))->setEnabled(hasFocus);
+    auto *blink = static_cast<BlinkHandler *>(mCaret->getHandler(BlinkHandler::TYPE));
+    blink->setEnabled(false); // a caret that was moved is seen first, however far the blinking had come
+    blink->setEnabled(hasFocus);
     mCaretPending = hasFocus;
 }
 
@@ -125,7 +128,7 @@ void CSSTextFieldView::placeCaret() {
     mCaret->setSize(size);
     // 3. The label's padding moves its text; that the text stands on whole pixels is not for the caret
     const math::Vector3 &label = mLabel->getParentRelativePosition();
-    const math::Vector2 place = position + getInnerOffset(*mLabel) + size * 0.5f;
+    const math::Vector2 place = position + detail::getInnerOffset(*mLabel) + size * 0.5f;
     mCaret->setTranslation(math::Vector3(label.x + place.x, label.y + place.y, label.z));
     // 4. It is cut off where the text is
     mCaret->setProperty(mLabel->getView()->getProperty(scene::Property::STENCIL));

@@ -8,8 +8,7 @@
 #include "nui/ui/Container.h"
 #include "nui/ui/UIManager.h"
 #include "nui/ui/css/CSSSkin.h"
-
-#include <cmath>
+#include "nui/ui/detail/InnerOffset.h"
 
 namespace nurel::ui::css {
 
@@ -89,13 +88,6 @@ bool CSSView::isOverridden(const Property *property) const {
 void CSSView::setStyleDirty() {
     mStyleDirty = true;
     forceDirty();
-}
-
-math::Vector2 CSSView::getInnerOffset(const Component &component) {
-    const math::Vector4 &padding = component.getPadding();
-    const math::Vector4 &border = component.getBorder();
-    return math::Vector2(std::floor((padding.w + border.w - border.y - padding.y) * 0.5f),
-                         std::floor((padding.x + border.x - border.z - padding.z) * 0.5f));
 }
 
 void CSSView::buildGeometry() {
@@ -204,7 +196,7 @@ void CSSView::applyProperties() {
 
 void CSSView::placeClip() {
     const auto &container = static_cast<const Container &>(*getComponent());
-    const math::Vector2 offset = getInnerOffset(container) - math::Vector2(0.5f, 0.5f);
+    const math::Vector2 offset = detail::getInnerOffset(container) - math::Vector2(0.5f, 0.5f);
     const math::Vector2 size = container.getContainerSize() + math::Vector2(1, 1);
     for (BorderedRectangleMesh *mesh : {mClip.get(), mClipClear.get()}) {
         mesh->setSize(size);

@@ -111,9 +111,6 @@ protected:
     scene::properties::StencilProperty *getStencil() const { return mStencil.get(); }
     scene::properties::StencilProperty *getClipStencil() const { return mClipStencil.get(); }
 
-    /// How far the inside of the box lies off its middle, in whole pixels.
-    static math::Vector2 getInnerOffset(const Component &component);
-
 private:
     static std::uint32_t bitOf(Property::Name name) { return std::uint32_t{1} << (name & 31U); }
 

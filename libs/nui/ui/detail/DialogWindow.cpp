@@ -5,6 +5,7 @@
 #include "nui/ui/Dialog.h"
 #include "nui/ui/components/Button.h"
 #include "nui/ui/components/Image.h"
+#include "nui/ui/detail/CloneTarget.h"
 #include "nui/ui/detail/ManagerAccess.h"
 
 #include <cstring>
@@ -28,12 +29,6 @@ float declaredHeight(const Component *part) {
 
 float visibleHeight(const Component *part) {
     return part && part->isVisible() ? declaredHeight(part) : 0;
-}
-
-void checkTarget(const core::Object &source, const core::Object *target, const core::Type &type) {
-    if (!target || !target->instanceOf(type))
-        throw core::IllegalArgumentException("%s cannot be cloned into %s", source.getType().getName(),
-                                             target ? target->getType().getName() : "nothing");
 }
 
 } // namespace
@@ -153,7 +148,7 @@ core::Object *CustomDialog::clone(core::CloningOptions &options) const {
 }
 
 void CustomDialog::_clone(core::Object *object, core::CloningOptions &options) const {
-    checkTarget(*this, object, TYPE);
+    requireCloneTarget(*this, object, TYPE);
     Panel::_clone(object, options);
     static_cast<CustomDialog *>(object)->mFlags = mFlags;
 }

@@ -30,19 +30,19 @@ void NavigationHandler::change(AnimationContext *animation, Component *body, Nav
     manager->commitAnimation(animation);
     const unsigned int number = ++mLastNumber;
     const core::SmartPtr<Component> kept(body);
-    const int id = animation->subscribeCallback([this, number, kept, action, notify](AnimationContext *context,
-                                                                                     const AnimationEvent &event) {
-        const auto isThis = [number](const Running &running) { return running.number == number; };
-        const auto found = std::find_if(mRunning.begin(), mRunning.end(), isThis);
-        if (found == mRunning.end()) // it has ended already, and a subscriber behind failed
-            return true;
-        found->hasStarted = found->hasStarted || event.getType() == AnimationEvent::STARTED;
-        if (!found->hasStarted) // the animation has just ended another transition, and is to run once more
-            return false;
-        if (event.getType() == AnimationEvent::FINISHED)
-            mRunning.erase(found);
-        return setContainerBody(context, event, kept.get(), action, notify);
-    });
+    const int id = animation->subscribeCallback(
+        [this, number, kept, action, notify](AnimationContext *context, const AnimationEvent &event) {
+            const auto isThis = [number](const Running &running) { return running.number == number; };
+            const auto found = std::find_if(mRunning.begin(), mRunning.end(), isThis);
+            if (found == mRunning.end()) // it has ended already, and a subscriber behind failed
+                return true;
+            found->hasStarted = found->hasStarted || event.getType() == AnimationEvent::STARTED;
+            if (!found->hasStarted) // the animation has just ended another transition, and is to run once more
+                return false;
+            if (event.getType() == AnimationEvent::FINISHED)
+                mRunning.erase(found);
+            return setContainerBody(context, event, kept.get(), action, notify);
+        });
     mRunning.push_back({number, animation, id, false});
 }
 

@@ -109,6 +109,9 @@ TEST_F(ComponentsComboListTest, AListThatWasLetGoClosesNothing) {
     frame();
     ASSERT_NE(openWidget(), nullptr);
     EXPECT_NE(openWidget()->getChildAt(0), list.get());
+    clickOn(*list);
+    frame();
+    EXPECT_NE(openWidget(), nullptr);
 }
 
 TEST_F(ComponentsComboListTest, ASubscriberOfTheListsClicksMayDropEverything) {

@@ -99,15 +99,56 @@ TEST_F(ListboxCloneTest, ACloneIsAListLikeAnyOther) {
 TEST_F(ListboxCloneTest, ATargetLosesWhatItHad) {
     const core::SmartPtr<Listbox> target(new Listbox("target"));
     target->addItem("old", new CountedData);
-    target->setSelectedIndex(0, false);
+    target->setSelectedIndex(0, false); // and has the focus
     nurel::core::CloningOptions options;
     mList->_clone(target.get(), options);
     EXPECT_EQ(textsOf(*target), "a b c");
     EXPECT_EQ(CountedData::sAlive, 1);
     EXPECT_EQ(target->getChildCount(), 4u);
     EXPECT_EQ(target->getLayout()->getComponentCount(), 3u);
+    target->handleEvent(KeyEvent(Keyboard::K_DOWN, false)); // from no row
+    EXPECT_EQ(rowsWith(*target, FOCUSED), "a");
     mList->_clone(mList.get(), options); // nothing happens
     EXPECT_EQ(textsOf(*mList), "a b c");
+}
+
+TEST_F(ListboxCloneTest, ATargetForgetsThePress) {
+    const core::SmartPtr<Listbox> source(new Listbox("source"));
+    source->addItem("x", nullptr);
+    place(*source, 100, 100, 200, 100);
+    moveTo(150, yOf(0));
+    press();
+    nurel::core::CloningOptions options;
+    source->_clone(mList.get(), options);
+    mWidget->removeChild(mList.get());
+    mWidget->addChild(mList.get()); // for a new view
+    frame();
+    const Ray ray{{150, 110, -10}, {0, 0, 1, 0}};
+    const CursorPosition cursor{150, 110};
+    ASSERT_EQ(mList->getHitChildIndex(MouseEvent(ray, cursor, MouseEvent::MOUSE_PRESS, 0, 1)), 0);
+    mList->handleEvent(ClickEvent(ray, cursor, cursor));
+    EXPECT_EQ(mList->getSelectedIndex(), -1);
+    EXPECT_EQ(seen(), Lines{});
+}
+
+TEST_F(ListboxCloneTest, ACloneIsOneColumnToo) {
+    for (int i = 0; i < 100; ++i)
+        mList->addItem("more", nullptr);
+    mList->setItemSpacing(3);
+    const core::SmartPtr<Listbox> copy = cloneOf(*mList);
+    place(*copy, 400, 100, 200, 100);
+    mWidget->addChild(copy.get());
+    frame();
+    EXPECT_EQ(copy->getItemSpacing(), 3);
+    EXPECT_EQ(copy->getItemEntry(102)->item->getMinBound(), Vector2(400, 100 + 102 * 33));
+}
+
+TEST_F(ListboxCloneTest, ReturnInACloneEndsItsSelectionSinceItHasNoFocusRow) {
+    const core::SmartPtr<Listbox> copy = cloneOf(*mList);
+    EXPECT_EQ(copy->getSelectedIndex(), 1);
+    copy->handleEvent(KeyEvent(Keyboard::K_RETURN, false));
+    EXPECT_EQ(copy->getSelectedIndex(), -1);
+    EXPECT_EQ(rowsWith(*copy, CHECKED | FOCUSED), "");
 }
 
 TEST_F(ListboxCloneTest, PartsThatWereTakenOutAreFoundInTheCloneAllTheSame) {

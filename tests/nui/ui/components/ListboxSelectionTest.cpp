@@ -1,4 +1,4 @@
-// Selection, keyboard focus and mark of a list, and what events do to them.
+// Selection and mark of a list, and what the mouse does to them.
 #include "nui/ui/components/ListboxFixture.h"
 
 #include "nui/ui/Layout.h"
@@ -139,13 +139,15 @@ TEST_F(ListboxSelectionTest, TheMarkIsNotAddedAnewInEveryFrame) {
     frame();
     frame();
     ASSERT_TRUE(mList->getScrollInfoV().scrollable);
+    check().setTabStop(0); // it would lose the focus
+    check().enableEvents(UIEvent::ET_FOCUS_EVENT);
+    check().setFocus();
     for (int i = 0; i < 3; ++i) {
         mList->updateContent();
         frame();
     }
+    EXPECT_EQ(manager().getFocus(), &check());
     EXPECT_EQ(mWidget->isDirty(Component::DIRTY_ALL), 0u);
-    mList->updateContent();
-    EXPECT_EQ(check().isDirty(Component::DIRTY_ALL), 0u);
     EXPECT_EQ(mList->getChildIndex(&check()) + 1, mList->getChildIndex(above.get()));
 }
 
@@ -196,6 +198,24 @@ TEST_F(ListboxSelectionTest, AClickSelectsARowAndTellsOfIt) {
     EXPECT_EQ(focused(), "c");
     clickRow(0);
     EXPECT_EQ(seen(), (Lines{"list 2 is 2", "list 0 is 0"}));
+}
+
+TEST_F(ListboxSelectionTest, TheListTellsOfAClickFirstThenOfTheSelectionAndTheFocusComesLast) {
+    mList->setSelectedIndex(3, false);
+    Lines told;
+    const auto note = [this, &told](const char *what) {
+        told.push_back(std::string(what) + ": " + std::to_string(mList->getSelectedIndex()) + ", checked " + checked() +
+                       ", focus " + focused());
+        return false;
+    };
+    mList->ClickCallbacks::subscribeCallback([&](UIEventHandler *, const ClickEvent &) { return note("click"); });
+    mList->SelectionCallbacks::subscribeCallback([&](Listbox *, int) { return note("selection"); });
+    clickRow(1);
+    EXPECT_EQ(told, (Lines{"click: 3, checked d, focus b", "selection: 1, checked b, focus b"}));
+    told.clear();
+    mList->setSelectedIndex(0, true);
+    EXPECT_EQ(told, (Lines{"selection: 0, checked a, focus b"}));
+    EXPECT_EQ(focused(), "a");
 }
 
 TEST_F(ListboxSelectionTest, APressMovesTheFocusAndTheSelectionWaits) {
@@ -299,6 +319,37 @@ TEST_F(ListboxSelectionTest, BorderAndPaddingAreNoHit) {
     EXPECT_EQ(hitAt(150, 150), -1);
 }
 
+TEST_F(ListboxSelectionTest, BorderAndPaddingScaleWithTheList) {
+    mList->setScale(Vector2(2, 2));
+    mList->setPadding({20, 20, 20, 20});
+    row(0)->setSize(Vector2(300, 200));
+    frame();
+    frame();
+    EXPECT_EQ(mList->getMaxBound(), Vector2(501, 301));
+    click(470, 200);
+    EXPECT_EQ(mList->getSelectedIndex(), -1);
+    click(450, 200);
+    EXPECT_EQ(mList->getSelectedIndex(), 0);
+}
+
+TEST_F(ListboxSelectionTest, APressServesOneClickOnly) {
+    const auto clickAgain = [this](int y) {
+        const Ray ray{{150, static_cast<float>(y), -10}, {0, 0, 1, 0}};
+        const CursorPosition cursor{150, y};
+        mList->handleEvent(ClickEvent(ray, cursor, cursor));
+    };
+    clickRow(1);
+    mList->setSelectedIndex(0, false);
+    clickAgain(yOf(1));
+    EXPECT_EQ(mList->getSelectedIndex(), 0);
+    moveTo(150, yOf(2));
+    press();
+    point(155, yOf(2)); // too far
+    release();
+    clickAgain(yOf(2));
+    EXPECT_EQ(mList->getSelectedIndex(), 0);
+}
+
 TEST_F(ListboxSelectionTest, WhereRowsOverlapTheFirstIsHit) {
     click(150, 119);
     EXPECT_EQ(mList->getSelectedIndex(), 0);
@@ -313,86 +364,6 @@ TEST_F(ListboxSelectionTest, ADisabledRowOrListIsNotSelected) {
     mList->setEnabled(false);
     clickRow(2);
     EXPECT_EQ(mList->getSelectedIndex(), -1);
-}
-
-// --- keys and focus ---
-
-TEST_F(ListboxSelectionTest, KeysActWhenTheyAreReleased) {
-    gainFocus();
-    EXPECT_EQ(mList->handleEvent(KeyEvent(Keyboard::K_DOWN, true)), mList.get());
-    EXPECT_EQ(focused(), "a");
-    EXPECT_EQ(mList->handleEvent(KeyEvent(Keyboard::K_DOWN, false)), mList.get());
-    EXPECT_EQ(focused(), "b");
-    EXPECT_EQ(mList->handleEvent(KeyEvent(Keyboard::K_SPACE, false)), mList.get()); // every key is taken
-    EXPECT_EQ(focused(), "b");
-    EXPECT_EQ(mList->getSelectedIndex(), -1);
-}
-
-TEST_F(ListboxSelectionTest, TheKeysAreThoseOfTheirScanCodes) {
-    EXPECT_EQ(Keyboard::K_UP, 0xC8);
-    EXPECT_EQ(Keyboard::K_DOWN, 0xD0);
-    EXPECT_EQ(Keyboard::K_RETURN, 0x1C);
-}
-
-TEST_F(ListboxSelectionTest, TheFocusStopsAtTheEnds) {
-    gainFocus();
-    tap(Keyboard::K_UP);
-    EXPECT_EQ(focused(), "a");
-    tap(Keyboard::K_DOWN, 7);
-    EXPECT_EQ(focused(), "d");
-    tap(Keyboard::K_UP);
-    EXPECT_EQ(focused(), "c");
-}
-
-TEST_F(ListboxSelectionTest, ReturnSelectsWhatHasTheFocusAndTellsNobody) {
-    gainFocus();
-    tap(Keyboard::K_DOWN, 2);
-    tap(Keyboard::K_RETURN);
-    EXPECT_EQ(mList->getSelectedIndex(), 2);
-    EXPECT_EQ(checked(), "c");
-    EXPECT_EQ(focused(), "c");
-    EXPECT_EQ(seen(), Lines{});
-    tap(Keyboard::K_DOWN);
-    EXPECT_EQ(checked(), "c");
-    EXPECT_EQ(focused(), "d");
-}
-
-TEST_F(ListboxSelectionTest, ReturnWithoutAFocusRowEndsTheSelection) {
-    mList->setSelectedIndex(1, false);
-    mList->setSelectedIndex(-1, false);
-    tap(Keyboard::K_RETURN);
-    EXPECT_EQ(mList->getSelectedIndex(), -1);
-    EXPECT_EQ(focused(), "");
-}
-
-TEST_F(ListboxSelectionTest, LosingAndRegainingTheFocusKeepsTheRow) {
-    mList->setTabStop(0);
-    mList->setFocus();
-    EXPECT_EQ(manager().getFocus(), mList.get());
-    EXPECT_EQ(focused(), "a");
-    key(Keyboard::K_DOWN);
-    key(Keyboard::K_DOWN, false);
-    frame();
-    EXPECT_EQ(focused(), "b");
-    manager().setFocus(nullptr);
-    EXPECT_EQ(focused(), "");
-    mList->setFocus();
-    EXPECT_EQ(focused(), "b");
-}
-
-TEST_F(ListboxSelectionTest, WithoutATabStopTheListTakesNoFocus) {
-    mList->setFocus();
-    EXPECT_EQ(manager().getFocus(), nullptr);
-}
-
-TEST_F(ListboxSelectionTest, ARowInFocusIsNotScrolledIntoView) {
-    for (int i = 0; i < 20; ++i)
-        mList->addItem("more", nullptr);
-    frame();
-    gainFocus();
-    tap(Keyboard::K_DOWN, 15);
-    frame();
-    EXPECT_EQ(mList->getScrollOffset(), Vector2(0, 0));
 }
 
 // --- callbacks that change everything ---
@@ -443,6 +414,18 @@ TEST_F(ListboxSelectionTest, ACallbackMayDropTheListOrTheWholeScreen) {
     clickRow(1);
     frame();
     EXPECT_EQ(manager().getWidgetCount(), 0u);
+}
+
+TEST_F(ListboxSelectionTest, ACallbackMayDropAListThatIsToldToSelect) {
+    mList->SelectionCallbacks::subscribeCallback([this](Listbox *, int) {
+        mWidget->clearChildren();
+        mList = nullptr;
+        return false;
+    });
+    Listbox *list = mList.get();
+    list->setSelectedIndex(1, true);
+    EXPECT_EQ(mWidget->getChildCount(), 0u);
+    EXPECT_EQ(seen(), (Lines{"list 1 is 1"}));
 }
 
 TEST_F(ListboxSelectionTest, ACallbackMayEndTheManager) {

@@ -6,12 +6,8 @@
 #include "nui/ui/AnimationContext.h"
 #include "nui/ui/layouts/FlowLayout.h"
 #include "nui/ui/layouts/FormLayout.h"
-#include "nui/ui/skins/DefaultSkin.h"
 
 #include <limits>
-#include <map>
-#include <random>
-#include <stdexcept>
 
 using namespace nurel::ui;
 using components::Label;
@@ -260,7 +256,7 @@ TEST_F(ComponentsListboxTest, RemovingARowBelowLeavesTheSelectionAlone) {
 }
 
 TEST_F(ComponentsListboxTest, ARowThatMovedUpGivesTheFocusAwayWithTheNextStep) {
-    add({"a", "b", "c", "d"});
+    add({"a", "b", "c", "d", "e"});
     gainFocus();
     tap(Keyboard::K_DOWN, 2);
     EXPECT_EQ(focused(), "c");
@@ -270,9 +266,16 @@ TEST_F(ComponentsListboxTest, ARowThatMovedUpGivesTheFocusAwayWithTheNextStep) {
     EXPECT_EQ(focused(), "c");
     tap(Keyboard::K_UP);
     EXPECT_EQ(focused(), "b");
+    const core::SmartPtr<Label> removed(row(0));
     mList->removeItem(0, false); // the row with the focus itself
     EXPECT_EQ(focused(), "");
+    EXPECT_FALSE(removed->hasState(FOCUSED));
     tap(Keyboard::K_DOWN);
+    EXPECT_EQ(focused(), "d");
+    mList->removeItem(0, false); // the index stays at 1, and "d" is at 0
+    OpenListbox::setChildState(*row(1), FOCUSED);
+    EXPECT_EQ(focused(), "d e");
+    tap(Keyboard::K_UP); // from 1
     EXPECT_EQ(focused(), "d");
 }
 
@@ -321,8 +324,8 @@ TEST_F(ComponentsListboxTest, RowsCanBeHidden) {
     frame();
     EXPECT_FALSE(mList->getCheck()->isSelfVisible());
     EXPECT_EQ(row(2)->getMinBound(), Vector2(100, 119)); // it has closed up
-    mList->setItemVisible(0, false);
     mList->setItemVisible(1, true);
+    mList->setItemVisible(0, false);
     EXPECT_TRUE(mList->isItemVisible(1));
     EXPECT_TRUE(mList->getCheck()->isSelfVisible());
     mList->setAllItemsVisible(false);
@@ -339,10 +342,26 @@ TEST_F(ComponentsListboxTest, WithoutASelectionTheMarkStaysHidden) {
     add({"a"});
     mList->setAllItemsVisible(false);
     mList->setAllItemsVisible(true);
+    EXPECT_FALSE(mList->getCheck()->isSelfVisible());
     mList->setItemVisible(0, false);
     mList->setItemVisible(0, true);
+    EXPECT_FALSE(mList->getCheck()->isSelfVisible());
     frame();
     EXPECT_FALSE(mList->getCheck()->isSelfVisible());
+}
+
+TEST_F(ComponentsListboxTest, AListWithoutARowInSightDoesNotScroll) {
+    for (int i = 0; i < 30; ++i)
+        mList->addItem("row", nullptr);
+    frame();
+    frame();
+    ASSERT_TRUE(mList->getScrollInfoV().scrollable);
+    mList->setAllItemsVisible(false);
+    frame();
+    EXPECT_FALSE(mList->getScrollInfoV().scrollable);
+    mList->setAllItemsVisible(true);
+    frame();
+    EXPECT_TRUE(mList->getScrollInfoV().scrollable);
 }
 
 TEST_F(ComponentsListboxTest, TheItemHeightIsThatOfAllRows) {
@@ -410,119 +429,4 @@ TEST_F(ComponentsListboxTest, ClassesAreThoseOfMarkAndRowsToo) {
         EXPECT_FALSE(part->hasClass("y"));
         EXPECT_EQ(part->isDirty(STYLE), STYLE);
     }
-}
-
-// --- order ---
-
-TEST_F(ComponentsListboxTest, SortingPutsRowsAndDataInOrder) {
-    std::map<std::string, const Listbox::ItemData *> data;
-    for (const char *text : {"pear", "apple", "fig"}) {
-        mList->addItem(text, new CountedData);
-        data[text] = mList->getItemData(static_cast<int>(mList->getItemCount()) - 1);
-    }
-    frame();
-    mList->setSelectedIndex(0, false);
-    frame();
-    const Label *selected = row(0);
-    mList->sort([](const Listbox::ItemEntry &a, const Listbox::ItemEntry &b) {
-        return std::string(a.item->getText()) < b.item->getText();
-    });
-    frame();
-    EXPECT_EQ(textsOf(*mList), "apple fig pear");
-    for (int i = 0; i < 3; ++i)
-        EXPECT_EQ(mList->getItemData(i), data[mList->getItemText(i)]);
-    EXPECT_EQ(mList->getSelectedIndex(), 2);
-    EXPECT_EQ(row(2), selected);
-    EXPECT_EQ(checked(), "pear");
-    EXPECT_EQ(focused(), "pear");
-    EXPECT_EQ(seen(), Lines{});
-    ASSERT_EQ(mList->getChildCount(), 4u);
-    EXPECT_EQ(mList->getChildAt(0), row(0));
-    EXPECT_EQ(mList->getChildAt(3), mList->getCheck());
-    EXPECT_EQ(mList->getLayout()->getComponentCount(), 3u);
-    EXPECT_EQ(row(0)->getMinBound().y, 100);
-    EXPECT_EQ(row(2)->getMinBound().y, 138);
-    for (unsigned int i = 0; i < 4; ++i)
-        EXPECT_EQ(mList->getView()->getContent()->getChild(i), mList->getChildAt(i)->getView());
-}
-
-TEST_F(ComponentsListboxTest, SortingKeepsTheOrderOfEqualRows) {
-    std::mt19937 random(7);
-    for (int count : {0, 1, 2, 3, 7, 64, 100}) {
-        SCOPED_TRACE(count);
-        mList->clearItems();
-        std::vector<std::pair<int, int>> keys;
-        for (int i = 0; i < count; ++i) {
-            keys.emplace_back(static_cast<int>(random() % 10), i);
-            mList->addItem(std::to_string(keys.back().first * 1000 + i).c_str(), nullptr);
-        }
-        std::sort(keys.begin(), keys.end());
-        mList->sort([](const Listbox::ItemEntry &a, const Listbox::ItemEntry &b) {
-            return std::atoi(a.item->getText()) / 1000 < std::atoi(b.item->getText()) / 1000;
-        });
-        for (int i = 0; i < count; ++i) {
-            const auto &key = keys[static_cast<std::size_t>(i)];
-            EXPECT_EQ(mList->getItemText(i), std::to_string(key.first * 1000 + key.second));
-        }
-    }
-}
-
-TEST_F(ComponentsListboxTest, TheFocusGoesWithItsRowWhenTheListIsSorted) {
-    add({"c", "b", "a"});
-    gainFocus();
-    const auto byText = [](const Listbox::ItemEntry &a, const Listbox::ItemEntry &b) {
-        return *a.item->getText() < *b.item->getText();
-    };
-    mList->setSelectedIndex(1, false);
-    tap(Keyboard::K_UP);
-    mList->sort(byText);
-    EXPECT_EQ(checked(), "b");
-    EXPECT_EQ(focused(), "c");
-    tap(Keyboard::K_UP);
-    EXPECT_EQ(focused(), "b");
-    mList->removeItem(0, false);
-    loseFocus();
-    mList->sort([](const Listbox::ItemEntry &a, const Listbox::ItemEntry &b) {
-        return *a.item->getText() > *b.item->getText();
-    });
-    EXPECT_EQ(textsOf(*mList), "c b");
-    EXPECT_EQ(focused(), ""); // the list has it not
-    EXPECT_EQ(checked(), "b");
-}
-
-TEST_F(ComponentsListboxTest, AnyAnswersOfAComparisonLeaveEveryRowInTheList) {
-    std::mt19937 random(11);
-    for (int i = 0; i < 200; ++i)
-        mList->addItem(std::to_string(i).c_str(), nullptr);
-    for (int round = 0; round < 20; ++round) {
-        mList->sort([&random](const Listbox::ItemEntry &, const Listbox::ItemEntry &) { return random() % 2 == 0; });
-        std::vector<bool> found(200);
-        for (int i = 0; i < 200; ++i)
-            found[static_cast<std::size_t>(std::atoi(mList->getItemText(i)))] = true;
-        EXPECT_EQ(std::count(found.begin(), found.end(), true), 200);
-    }
-    mList->sort(nullptr);
-    EXPECT_EQ(mList->getItemCount(), 200u);
-}
-
-TEST_F(ComponentsListboxTest, AComparisonThatFailsOrChangesTheListSortsNothing) {
-    add({"c", "b", "a"});
-    EXPECT_THROW(mList->sort([](const Listbox::ItemEntry &, const Listbox::ItemEntry &) -> bool {
-        throw std::runtime_error("no");
-    }),
-                 std::runtime_error);
-    EXPECT_EQ(textsOf(*mList), "c b a");
-    mList->sort([this](const Listbox::ItemEntry &a, const Listbox::ItemEntry &b) {
-        mList->clearItems();
-        mList->addItem("new", nullptr);
-        return *a.item->getText() < *b.item->getText();
-    });
-    EXPECT_EQ(textsOf(*mList), "new");
-    EXPECT_EQ(mList->getChildCount(), 2u);
-    mList->addItem("more", nullptr);
-    mList->sort([this](const Listbox::ItemEntry &, const Listbox::ItemEntry &) {
-        mWidget->clearChildren();
-        mList = nullptr;
-        return true;
-    });
 }

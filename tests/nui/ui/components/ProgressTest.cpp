@@ -4,6 +4,7 @@
 
 #include "foundation/core/Exception.h"
 #include "nengine/EngineFactory.h"
+#include "nengine/scene/meshes/BorderedRectangleMesh.h"
 #include "nmain/core/CloningOptions.h"
 #include "nui/ui/AnimationContext.h"
 #include "nui/ui/layouts/FlowLayout.h"
@@ -209,6 +210,15 @@ TEST_F(ProgressTest, TheRangeIsShownWithTheNextValue) {
     mProgress->setValue(50);
     EXPECT_EQ(part(), 0.25f);
     EXPECT_EQ(text(), "25%");
+}
+
+TEST_F(ProgressTest, RoundedEndsShrinkWithAShortBar) {
+    using nurel::scene::meshes::BorderedRectangleMesh;
+    const core::SmartPtr<nurel::core::Object> copy(mProgress->clone());
+    for (Container *progress : {static_cast<Container *>(mProgress.get()), static_cast<Container *>(copy.get())}) {
+        auto *mesh = static_cast<BorderedRectangleMesh *>(progress->getChildAt(0)->getMesh());
+        EXPECT_EQ(mesh->getBorderFixMode(), BorderedRectangleMesh::BORDER_FIX_FIT);
+    }
 }
 
 TEST_F(ProgressTest, AnOpenAnimationTakesTheBarThere) {

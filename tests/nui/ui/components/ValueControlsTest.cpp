@@ -317,6 +317,19 @@ TEST_F(ValueControlsTest, ACloneOfAProgressAdoptsItsLabelAtAnyDepth) {
     EXPECT_STREQ(label->getText(), "0%");
 }
 
+TEST_F(ValueControlsTest, ACloneOfASelectorWithoutItsPartsHasThem) {
+    const core::SmartPtr<Selector> selector = addSelector(200);
+    selector->setSelectedIndex(2, false);
+    selector->clearChildren();
+    const core::SmartPtr<Selector> copy(static_cast<Selector *>(selector->clone()));
+    ASSERT_EQ(copy->getChildCount(), 3u);
+    EXPECT_EQ(copy->getChildAt(0), copy->getItem());
+    EXPECT_EQ(copy->getChildAt(1), copy->getLeft());
+    EXPECT_EQ(copy->getChildAt(2), copy->getRight());
+    EXPECT_STREQ(copy->getItem()->getText(), "three");
+    EXPECT_EQ(selector->getChildCount(), 0u);
+}
+
 // --- texts of any kind ---
 
 TEST_F(ValueControlsTest, TextsMayBeMalformedOrVeryLong) {

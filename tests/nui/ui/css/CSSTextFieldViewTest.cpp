@@ -2,6 +2,8 @@
 #include "nui/ui/css/CSSTextFieldView.h"
 #include "nengine/font/Font.h"
 #include "nengine/font/FontManager.h"
+#include "nengine/font/ShapingStatistics.h"
+#include "nengine/renderer/RenderPass.h"
 #include "nengine/scene/Node.h"
 #include "nengine/scene/handlers/BlinkHandler.h"
 #include "nengine/scene/meshes/SizeableRectangleMesh.h"
@@ -13,6 +15,7 @@
 #include "nui/ui/css/StyleTest.h"
 
 #include <cmath>
+#include <string>
 
 using namespace nurel::ui;
 using components::TextField;
@@ -110,6 +113,39 @@ TEST_F(CSSTextFieldViewTest, ShowsABlinkingCaretWhileTheFieldHasTheFocus) {
     advance(1.1);
     frame();
     EXPECT_TRUE(caret().isHidden());
+}
+
+TEST_F(CSSTextFieldViewTest, TheCaretGoesWithTheFocusAlsoWhenInputIsDisabled) {
+    addField();
+    mField->setFocus();
+    frame();
+    EXPECT_FALSE(caret().isHidden());
+    manager().setEnabled(false);
+    EXPECT_TRUE(mField->getState() & Component::STATE_FOCUSED); // which is left
+    frame();
+    EXPECT_TRUE(caret().isHidden());
+    EXPECT_FALSE(blink().isEnabled());
+}
+
+TEST_F(CSSTextFieldViewTest, ACaretThatIsMovedIsSeenAtOnce) {
+    addField();
+    mField->setText("abc");
+    mField->setFocus();
+    frame();
+    advance(0.6);
+    frame();
+    EXPECT_TRUE(caret().isHidden());
+    tap(Keyboard::K_LEFT);
+    EXPECT_FALSE(caret().isHidden());
+    advance(0.4);
+    frame();
+    EXPECT_FALSE(caret().isHidden());
+    advance(0.2);
+    frame();
+    EXPECT_TRUE(caret().isHidden());
+    manager().textInput("d");
+    frame();
+    EXPECT_FALSE(caret().isHidden());
 }
 
 TEST_F(CSSTextFieldViewTest, AnEmptyFieldShowsItsCaretToo) {
@@ -301,4 +337,37 @@ TEST_F(CSSTextFieldViewTest, PlacesTheCaretAnewOnlyWithTheView) {
     mField->getLabel()->getTextMesh()->setText("behind the field's back");
     frame();
     EXPECT_EQ(caretPlace(), before);
+}
+
+TEST_F(CSSTextFieldViewTest, TypingShapesOneTextAndRebuildsItsLabelAndTheCaretOnly) {
+    addField();
+    for (int i = 0; i < 100; ++i) {
+        const core::SmartPtr<TextField> other(new TextField("other"));
+        place(*other, 400, static_cast<float>(i % 20) * 30, 200, 28);
+        other->setText(("text " + std::to_string(i)).c_str());
+        mWidget->addChild(other.get());
+    }
+    mField->setText("ab");
+    mField->setFocus();
+    const auto &statistics = manager().getRenderPass()->getStatistics();
+    const auto shaped = [] { return nurel::font::FontManager::getSingleton().getStatistics().shapedParagraphs; };
+    const auto draw = [this] {
+        frame();
+        render();
+    };
+    draw();
+    for (const char *typed : {"c", "d"}) {
+        manager().textInput(typed);
+        const std::uint64_t shapedBefore = shaped();
+        const std::uint64_t rebuiltBefore = statistics.verticesRebuilt;
+        draw();
+        EXPECT_EQ(shaped(), shapedBefore + 1);
+        const unsigned int quads = mField->getTextLength() + 2; // caret and box of the label, which has grown
+        EXPECT_GT(statistics.verticesRebuilt, rebuiltBefore);
+        EXPECT_LE(statistics.verticesRebuilt, rebuiltBefore + 4 * quads);
+    }
+    const std::uint64_t rebuiltBefore = statistics.verticesRebuilt;
+    tap(Keyboard::K_LEFT);
+    render();
+    EXPECT_LE(statistics.verticesRebuilt, rebuiltBefore + 4); // the caret's
 }

@@ -337,6 +337,7 @@ void StyleUndo::undo(const CSS &sheet) {
             unsorted.insert(component.getParent());
         if (!kinds.empty() && isScrollBar(component))
             undoThickness(component);
+        component.forceDirty(Component::DIRTY_ALL); // one that is not on the stage is styled when it comes back
     }
     for (Container *container : unsorted)
         undoOrder(*container);

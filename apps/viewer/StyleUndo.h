@@ -39,7 +39,7 @@ public:
 
     /// For every component that was remembered and has a styled view: everything that a rule of the sheet can have set,
     /// whatever states the rule asks for, is again as it was remembered. Only the components' declarations change; the
-    /// caller has them styled and placed anew.
+    /// caller has them styled and placed anew. One that is not on the stage is as soon as it comes back.
     void undo(const nurel::ui::css::CSS &sheet);
 
 private:

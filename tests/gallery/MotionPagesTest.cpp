@@ -9,7 +9,7 @@
 #include "nengine/renderer/RenderPass.h"
 #include "ninput/input/Mouse.h"
 #include "nmain/math/Matrix3.h"
-#include "nui/ui/Component.h"
+#include "nui/ui/Container.h"
 #include "nui/ui/UIManager.h"
 
 #include "foundation/core/Exception.h"
@@ -96,6 +96,21 @@ protected:
         release();
     }
 
+    /// Sizes, places and colours of all that is inside.
+    static std::string describe(Component &component) {
+        const auto &size = component.getSize();
+        const auto &place = component.getWorldPosition();
+        std::string text = std::to_string(size.x) + " " + std::to_string(size.y) + " " + std::to_string(place.x) + " " +
+                           std::to_string(place.y);
+        text += " " + std::to_string(component.getMeshColor().x) + "\n";
+        if (component.isContainer()) {
+            const auto &container = static_cast<nurel::ui::Container &>(component);
+            for (unsigned int i = 0; i < container.getChildCount(); ++i)
+                text += describe(*container.getChildAt(i));
+        }
+        return text;
+    }
+
     /// The covers to the left, or with a negative width to the right.
     void throwCovers(float width) {
         const Vector2 centre = viewer::getScreenCenter(find("flow"));
@@ -179,6 +194,25 @@ TEST_P(Transitions, GoOnUnderAnotherLook) {
     shown->setDark(false);
     runFrames(TRANSITION);
     EXPECT_EQ(textOf("bar/title"), "Planets");
+}
+
+TEST_P(Transitions, BringAScreenBackThatHasMissedAChangeOfTheLook) {
+    showPage("navigation");
+    const std::string look = describe(find("screens/Planets"));
+    click(GetParam());
+    click("to-Earth");
+    runFrames(TRANSITION);
+    shown->setDark(true);
+    runFrames(3);
+    click("bar/back");
+    runFrames(TRANSITION);
+    const std::string dark = describe(find("screens/Planets"));
+    shown->setDark(false);
+    runFrames(3);
+    EXPECT_EQ(describe(find("screens/Planets")), look);
+    shown->setDark(true);
+    runFrames(3);
+    EXPECT_EQ(describe(find("screens/Planets")), dark);
 }
 
 TEST_P(Transitions, MayBeUnderWayWhenAllEnds) {

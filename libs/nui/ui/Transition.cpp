@@ -56,7 +56,7 @@ void crossFade(AnimationContext &context, Component *from, Component *to) {
     if (from)
         add<AnimatedOpacity>(context, from).setOpacity(0, true);
     if (to) {
-        to->setOpacity(0, false);
+        to->setOpacity(0, false); // what is inside follows with the first step: a frame at progress 0 shows it opaque
         add<AnimatedOpacity>(context, to).setOpacity(1, true);
     }
 }

@@ -35,7 +35,8 @@ public:
     ///
     /// `to` is put where the transition starts, at once: while an animation is open that would only be recorded there,
     /// so build transitions outside of it. A slide moves both by the size of their parent and ends with `to` at
-    /// position (0, 0), whatever offset it had.
+    /// position (0, 0), whatever offset it had. A fade hides `to` alone at first and takes its children along from the
+    /// first step after the start on; give them opacity 0 before where that one frame matters.
     ///
     /// T_NONE only returns the context, which may be null. A value that is no type is logged as an error and adds
     /// nothing.

@@ -99,6 +99,7 @@ private:
     void tell() const;
 
     Gallery &mGallery;
+    core::SmartPtr<ui::Component> mPage;
     core::SmartPtr<Panel> mFlow;
     core::SmartPtr<Label> mCurrent;
     core::SmartPtr<Label> mPlace;
@@ -111,9 +112,10 @@ private:
 };
 
 CoverFlowPage::CoverFlowPage(const PageTools &tools)
-    : mGallery(tools.getGallery()), mFlow(&tools.find<Panel>("flow")), mCurrent(&tools.find<Label>("current")),
-      mPlace(&tools.find<Label>("place")), mExtra(&tools.find<Label>("extra/count")),
-      mFewer(&tools.find<Button>("fewer")), mMore(&tools.find<Button>("more")), mCovers(new CoverFlowHandler("covers")) {
+    : mGallery(tools.getGallery()), mPage(&tools.getRoot()), mFlow(&tools.find<Panel>("flow")),
+      mCurrent(&tools.find<Label>("current")), mPlace(&tools.find<Label>("place")),
+      mExtra(&tools.find<Label>("extra/count")), mFewer(&tools.find<Button>("fewer")),
+      mMore(&tools.find<Button>("more")), mCovers(new CoverFlowHandler("covers")) {
     Panel &container = *mCovers->getContainer();
     container.setName("covers");
     container.setSize(Vector2(-2 * SIDE_ROOM, 0), Vector2::ONE);
@@ -126,11 +128,12 @@ CoverFlowPage::CoverFlowPage(const PageTools &tools)
     });
     connectButtons(tools);
     setExtraCount(FIRST_EXTRA_COUNT);
-    mFrameCallback = UIManager::getSingleton().getStageCallbacks().subscribeCallback([this](UIManager::StageEvent stage) {
-        if (stage == UIManager::STAGE_UPDATE)
-            beginFrame();
-        return false;
-    });
+    mFrameCallback =
+        UIManager::getSingleton().getStageCallbacks().subscribeCallback([this](UIManager::StageEvent stage) {
+            if (stage == UIManager::STAGE_UPDATE)
+                beginFrame();
+            return false;
+        });
 }
 
 CoverFlowPage::~CoverFlowPage() {
@@ -157,10 +160,10 @@ void CoverFlowPage::fill() {
 }
 
 void CoverFlowPage::beginFrame() {
-    if (!mFlow->getParent()->hasParent()) // the page is not on the stage
+    if (!mPage->hasParent()) // it is not on the stage
         return;
     if (mWidth == 0)
-        static_cast<ui::Component *>(mFlow->getParent())->update();
+        mPage->update();
     const float width = mCovers->getContainer()->getSize().x;
     if (width != mWidth && width > 0) {
         const bool isFirst = mWidth == 0;

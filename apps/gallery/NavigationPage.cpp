@@ -1,4 +1,4 @@
-// The page of navigation: a stack of screens that come in by a transition of the user's choice, and go back the same way.
+// The page of navigation: screens that come in by a transition of the user's choice, and go back the same way.
 #include "MotionPages.h"
 
 #include "Gallery.h"
@@ -156,8 +156,10 @@ void NavigationPage::styleBar() const {
 void NavigationPage::pushList() {
     const core::SmartPtr<ui::Component> list = makeScreen("navigation-list", "Planets");
     const PageTools parts(mGallery, *list);
-    for (const Planet &planet : PLANETS)
-        onClick(parts.find<Button>((std::string("to-") + planet.name).c_str()), [this, &planet] { pushPlanet(planet); });
+    for (const Planet &planet : PLANETS) {
+        const std::string button = std::string("to-") + planet.name;
+        onClick(parts.find<Button>(button.c_str()), [this, &planet] { pushPlanet(planet); });
+    }
     mScreens->pushBody(list.get(), nullptr, nullptr, nullptr, nullptr);
 }
 

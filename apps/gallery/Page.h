@@ -21,6 +21,8 @@ public:
 
     Gallery &getGallery() const { return mGallery; }
 
+    nurel::ui::Component &getRoot() const { return mRoot; }
+
     /// What is inside the page under a path of names such as "form/ok", each searched inside the one before it; raises
     /// `core::IllegalArgumentException` when there is no such component or it is of another class. It lives as long as
     /// the page, and so as long as callbacks that hang on something inside it.

@@ -178,6 +178,7 @@ void CoverFlowHandler::placeItems() {
     mDragStart = mDragPosition;
     mRatio = 0;
     mStartIndex = mCurrent;
+    mThrowWidth = 0;
 }
 
 void CoverFlowHandler::updateSlots() {

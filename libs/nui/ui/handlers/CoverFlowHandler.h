@@ -169,7 +169,8 @@ private:
     void coast(double now, float elapsed);
     void settle(double now);
     float getAge(double now) const;
-    float countSteps(float distance) const;
+    float getCentreWidth() const;
+    static float countSteps(float distance, float width);
     float getCentreX() const;
     void processDrag(ShiftDirection direction, float t);
     void slideIn(ShiftDirection direction, float t);
@@ -206,6 +207,7 @@ private:
     float mSpeed = 0;        ///< at the release; above 0 to the left
     State mState = COVER_IDLE;
     unsigned int mStartIndex = 0; ///< the current one at the release
+    float mThrowWidth = 0;        ///< of the centre item at the release; 0: to be measured
     double mStateTime = 0;        ///< when the state began; seconds of the frame clock, as exact as that is
     double mPreviousTime = 0;     ///< of the last update in motion
     float mElasticRecoveryTime = 0.2f;

@@ -74,6 +74,7 @@ void CoverFlowHandler::dragged(const DragEvent &event) {
         mPreviousTime = now;
         mStateTime = now;
         mStartIndex = mCurrent;
+        mThrowWidth = 0;
         mState = COVER_RELEASED;
     }
 }
@@ -85,7 +86,7 @@ void CoverFlowHandler::dragMove(float delta, double now) {
         mSpeed = 0;
         return;
     }
-    mRatio = std::min(countSteps(distance), 1.0f);
+    mRatio = std::min(countSteps(distance, getCentreWidth()), 1.0f);
     if (now > mPreviousTime) // two moves at one time say nothing of the speed
         mSpeed = delta / static_cast<float>(now - mPreviousTime);
     // By where the item is, and not the finger alone: one that turns back beyond where it began is followed a little
@@ -135,7 +136,10 @@ void CoverFlowHandler::coast(double now, float elapsed) {
     const ShiftDirection direction = mSpeed > 0 ? SHIFT_FORWARD : SHIFT_BACKWARD;
     const float v = std::max(std::abs(mSpeed) - mElasticDeceleration * getAge(now), 0.0f);
     mDragPosition -= std::copysign(v, mSpeed) * elapsed;
-    const float steps = countSteps(mDragPosition - mDragStart);
+    // All the way is counted by one width: a list of wide and narrow items runs on evenly, and never back.
+    if (!(mThrowWidth > 0))
+        mThrowWidth = getCentreWidth();
+    const float steps = countSteps(mDragPosition - mDragStart, mThrowWidth);
     const float whole = std::floor(steps);
     mRatio = steps - whole;
     const std::int64_t way = static_cast<std::int64_t>(whole);
@@ -167,10 +171,15 @@ float CoverFlowHandler::getAge(double now) const {
     return static_cast<float>(std::max(now - mStateTime, 0.0));
 }
 
-/// How many positions the distance makes: half the centre item's width moves on by one. Without a width none.
-float CoverFlowHandler::countSteps(float distance) const {
+/// The width that it has at rest. The one in motion swings with the item's scale, and a throw counted by that one jumps
+/// back and forth over entries.
+float CoverFlowHandler::getCentreWidth() const {
     const Component *centre = getCurrentElement();
-    const float width = centre ? centre->getSize().x : 0;
+    return centre ? centre->getNaturalSize().x : 0;
+}
+
+/// How many positions the distance makes: half the centre item's width moves on by one. Without a width none.
+float CoverFlowHandler::countSteps(float distance, float width) {
     const float steps = width > 0 ? std::abs(2 * distance / width) : 0;
     return steps >= 0 ? std::min(steps, MOST_STEPS) : 0;
 }

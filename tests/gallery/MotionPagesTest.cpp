@@ -262,7 +262,10 @@ TEST_F(MotionPages, CoversAreThrownCoastAndSettle) {
     throwCovers(180);
     const int thrown = current();
     EXPECT_GT(thrown, 5001);
-    runFrames(LONG);
+    for (int i = 0, before = thrown; i < LONG; ++i, before = current()) {
+        runFrames(1);
+        ASSERT_GE(current(), before);
+    }
     EXPECT_GT(current(), thrown + 5);
     EXPECT_TRUE(isAtRest(current()));
     throwCovers(-180);
@@ -315,7 +318,7 @@ TEST_F(MotionPages, MoreOrFewerCoversStandAtTheSides) {
     runFrames(LONG);
     EXPECT_TRUE(isAtRest(current()));
     EXPECT_TRUE(has(current() + 1));
-    EXPECT_FALSE(has(current() + 2));
+    EXPECT_FALSE(has(current() + 3)); // the next but one may stand ready beyond the edge
 }
 
 TEST_F(MotionPages, AThrowMayBeLeftForAnotherPageAndGoesOnUnderAnotherLook) {

@@ -132,6 +132,9 @@ void CoverFlowHandler::release(double now) {
     }
 }
 
+/// The way counts from where the step began, on whichever side that is. So a carousel that was pulled beyond an end of
+/// the data and is thrown back first jumps on by as many entries and returns over them; and one that coasts beyond an
+/// end goes as far as a whole step, and snaps back to what is left of the next one.
 void CoverFlowHandler::coast(double now, float elapsed) {
     const ShiftDirection direction = mSpeed > 0 ? SHIFT_FORWARD : SHIFT_BACKWARD;
     const float v = std::max(std::abs(mSpeed) - mElasticDeceleration * getAge(now), 0.0f);
@@ -146,6 +149,8 @@ void CoverFlowHandler::coast(double now, float elapsed) {
     const std::int64_t target = direction == SHIFT_FORWARD ? mStartIndex + way : mStartIndex - way;
     constexpr std::int64_t LAST = std::numeric_limits<unsigned int>::max();
     setCurrent(static_cast<unsigned int>(std::clamp(target, std::int64_t(0), LAST)), true);
+    if (mState != COVER_COASTING) // a callback has taken hold of it
+        return;
     if (v >= mElasticSpeedMin && v > 0 && isInData(target)) {
         processDrag(direction, mRatio);
     } else {
@@ -162,7 +167,7 @@ void CoverFlowHandler::settle(double now) {
     const ShiftDirection direction = isRight ? SHIFT_BACKWARD : SHIFT_FORWARD;
     const float destination = ratio >= COMPLETED_FROM && !isAtEnd(direction) ? 1.0f : 0.0f;
     processDrag(direction, (destination - ratio) * e + ratio);
-    if (e >= 1)
+    if (e >= 1 && mState == COVER_SETTLING)
         mState = COVER_IDLE;
 }
 

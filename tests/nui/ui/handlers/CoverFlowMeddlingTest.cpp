@@ -29,12 +29,12 @@ public:
 TEST_F(CoverFlowMeddlingTest, ADragThatBeginsInACallbackGoesOn) {
     fill(5);
     for (const bool isCoasting : {false, true}) {
-        mFlow->setCurrent(5, false);
+        mFlow->setCurrent(8, false);
         onSelection([this] { begin(); });
         if (isCoasting) {
             fling(-90);
             tick(0);
-            tick(0.125);
+            tick(0.25); // to the end of the data, where it would settle
         } else {
             begin();
             move(-60);
@@ -43,7 +43,7 @@ TEST_F(CoverFlowMeddlingTest, ADragThatBeginsInACallbackGoesOn) {
             tick(0);
             tick(0.25);
         }
-        EXPECT_EQ(selected(), (Indexes{6}));
+        EXPECT_EQ(selected(), (Indexes{9}));
         EXPECT_EQ(state(), CoverFlowHandler::COVER_DRAGGING);
         tick(1);
         EXPECT_EQ(state(), CoverFlowHandler::COVER_DRAGGING);

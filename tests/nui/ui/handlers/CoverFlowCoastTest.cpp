@@ -23,7 +23,7 @@ TEST_F(CoverFlowCoastTest, SettlesWithoutCoastingAfterARest) {
     tick(0.125);
     advance(0.125);
     move(-30);
-    tick(0.5);
+    tick(0.40625);
     end();
     tick(0);
     EXPECT_EQ(state(), CoverFlowHandler::COVER_SETTLING);
@@ -41,7 +41,7 @@ TEST_F(CoverFlowCoastTest, ThrowsWhenTheFingerHasRestedForAMomentOnly) {
     tick(0.125);
     advance(0.125);
     move(-30);
-    tick(0.375);
+    tick(0.390625);
     end();
     tick(0);
     EXPECT_EQ(state(), CoverFlowHandler::COVER_COASTING);

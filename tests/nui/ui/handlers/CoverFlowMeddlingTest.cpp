@@ -165,6 +165,23 @@ TEST_F(CoverFlowMeddlingTest, TwoOfThemMoveByThemselves) {
     EXPECT_EQ(other->getCurrent(), 0u);
 }
 
+TEST_F(CoverFlowMeddlingTest, AThrowGoesOnByTheWidthOfAnotherTemplate) {
+    const core::SmartPtr<test::Cover> narrow(new test::Cover("narrow"));
+    narrow->setSize({80, 100});
+    mFlow->setElasticDeceleration(0);
+    fill(5);
+    fling(-90); // 720 a second
+    tick(0);
+    tick(0.125); // 90 farther, which makes 180
+    EXPECT_EQ(mFlow->getCurrent(), 6u);
+    mFlow->setItemTemplate(narrow.get());
+    EXPECT_EQ(mFlow->getCurrent(), 0u);
+    tick(0.125); // 90 of 40 for a step
+    EXPECT_EQ(mFlow->getCurrent(), 2u);
+    EXPECT_NEAR(progress(), 0.25f, 1e-5);
+    EXPECT_TRUE(rest());
+}
+
 TEST_F(CoverFlowMeddlingTest, TakesItsOwnContainerForATemplate) {
     fill(5);
     mFlow->setItemTemplate(&container());

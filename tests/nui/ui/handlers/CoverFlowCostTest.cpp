@@ -65,6 +65,28 @@ TEST_F(CoverFlowCostTest, AllocatesNothingWhileItIsDraggedAndThrown) {
     EXPECT_EQ(mFlow->getState(), CoverFlowHandler::COVER_IDLE);
 }
 
+TEST_F(CoverFlowCostTest, AllocatesNothingAtTheEndsOfTheData) {
+    const core::SmartPtr<ManyEntries> numbers(new ManyEntries);
+    mFlow->SelectionCallbacks::removeCallbacks();
+    mFlow->setItemTemplate(mTemplate.get());
+    mFlow->setDataProvider(numbers.get());
+    const auto pull = [this](float x) {
+        fling(x);
+        for (int i = 0; i < 100; ++i)
+            tick(1.0 / 64);
+    };
+    for (const unsigned int entry : {0u, 9999u}) {
+        mFlow->setCurrent(entry, false);
+        for (const float x : {-90.0f, 90.0f, 90.0f}) // there, back, and beyond
+            pull(x);
+        const std::size_t before = test::getAllocationCount();
+        for (const float x : {-90.0f, 90.0f, 90.0f})
+            pull(x);
+        EXPECT_EQ(test::getAllocationCount() - before, 0u) << entry;
+        EXPECT_EQ(mFlow->getState(), CoverFlowHandler::COVER_IDLE);
+    }
+}
+
 TEST_F(CoverFlowCostTest, LaysOutNothingInsideTheItemsThatItMoves) {
     mTemplate->setLayout(new CountingLayout);
     fill(5);

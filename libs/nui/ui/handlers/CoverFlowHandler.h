@@ -109,7 +109,8 @@ public:
     /// The component in the centre; null when there are no items.
     Component *getCurrentElement() const;
 
-    // --- Motion. Speeds are in UI pixels a second.
+    // --- Motion. Speeds are in UI pixels a second. Half of the centre item's width at rest, dragged, goes on by one
+    // entry; a throw counts by the item that was let go, however wide the others are.
 
     State getState() const { return mState; }
 

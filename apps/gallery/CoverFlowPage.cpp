@@ -52,10 +52,10 @@ std::string groupDigits(unsigned int number) {
 }
 
 std::string getTitle(unsigned int index) {
-    static constexpr const char *FIRST[] = {"Quiet", "Amber", "Hidden", "Winter", "Paper",
-                                            "Silver", "Distant", "Velvet", "Early", "Hollow"};
-    static constexpr const char *SECOND[] = {"Harbour", "Signal", "Garden", "Engine", "Letters",
-                                             "Orbit", "Meadow", "Window", "Lantern", "River"};
+    static constexpr const char *FIRST[] = {"Quiet",  "Amber",   "Hidden", "Winter", "Paper",
+                                            "Silver", "Distant", "Velvet", "Early",  "Hollow"};
+    static constexpr const char *SECOND[] = {"Harbour", "Signal", "Garden", "Engine",  "Letters",
+                                             "Orbit",   "Meadow", "Window", "Lantern", "River"};
     return std::string(FIRST[index % std::size(FIRST)]) + " " + SECOND[index / std::size(FIRST) % std::size(SECOND)];
 }
 

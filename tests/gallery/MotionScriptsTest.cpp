@@ -30,8 +30,9 @@ protected:
 
     /// Its pictures come into the folder.
     int play(const std::string &page) const {
-        const std::string command = "cd '" + folder.string() + "' && env -u DISPLAY -u WAYLAND_DISPLAY '" GALLERY
-                                    "' --headless --font '" FONT "' --page " +
+        const std::string command = "cd '" + folder.string() +
+                                    "' && env -u DISPLAY -u WAYLAND_DISPLAY '" GALLERY "' --headless --font '" FONT
+                                    "' --page " +
                                     page + " --script '" ASSETS "/gallery/" + page + ".json' 2>err.txt </dev/null";
         const int status = std::system(command.c_str());
         return WIFEXITED(status) ? WEXITSTATUS(status) : -1;

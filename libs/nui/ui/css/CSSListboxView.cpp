@@ -7,6 +7,7 @@ namespace nurel::ui::css {
 
 constinit const core::Type CSSListboxView::TYPE("CSSListboxView", &CSSView::TYPE);
 
-CSSListboxView::CSSListboxView(components::Listbox *component, CSSSkin *skin) : CSSView("CSSListboxView", component, skin) {}
+CSSListboxView::CSSListboxView(components::Listbox *component, CSSSkin *skin)
+    : CSSView("CSSListboxView", component, skin) {}
 
 } // namespace nurel::ui::css

@@ -4,7 +4,8 @@
 
 namespace nurel::ui::css {
 
-/// The view of a list and the list of a combo: a box. Its rows are labels with views of their own, and its mark is a panel.
+/// The view of a list and the list of a combo: a box. Its rows are labels with views of their own, and its mark is a
+/// panel.
 class CSSListboxView : public CSSView {
 public:
     static const core::Type TYPE;

@@ -7,6 +7,7 @@ namespace nurel::ui::css {
 
 constinit const core::Type CSSProgressView::TYPE("CSSProgressView", &CSSView::TYPE);
 
-CSSProgressView::CSSProgressView(components::Progress *component, CSSSkin *skin) : CSSView("CSSProgressView", component, skin) {}
+CSSProgressView::CSSProgressView(components::Progress *component, CSSSkin *skin)
+    : CSSView("CSSProgressView", component, skin) {}
 
 } // namespace nurel::ui::css

@@ -7,6 +7,7 @@ namespace nurel::ui::css {
 
 constinit const core::Type CSSSelectorView::TYPE("CSSSelectorView", &CSSView::TYPE);
 
-CSSSelectorView::CSSSelectorView(components::Selector *component, CSSSkin *skin) : CSSView("CSSSelectorView", component, skin) {}
+CSSSelectorView::CSSSelectorView(components::Selector *component, CSSSkin *skin)
+    : CSSView("CSSSelectorView", component, skin) {}
 
 } // namespace nurel::ui::css

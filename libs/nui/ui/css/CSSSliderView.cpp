@@ -7,6 +7,7 @@ namespace nurel::ui::css {
 
 constinit const core::Type CSSSliderView::TYPE("CSSSliderView", &CSSView::TYPE);
 
-CSSSliderView::CSSSliderView(components::Slider *component, CSSSkin *skin) : CSSView("CSSSliderView", component, skin) {}
+CSSSliderView::CSSSliderView(components::Slider *component, CSSSkin *skin)
+    : CSSView("CSSSliderView", component, skin) {}
 
 } // namespace nurel::ui::css

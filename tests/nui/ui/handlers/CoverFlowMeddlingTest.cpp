@@ -16,7 +16,8 @@ public:
     int state() const { return mFlow->getState(); }
 
     /// From the next choice on.
-    template <typename Act> void onSelection(Act act) {
+    template <typename Act>
+    void onSelection(Act act) {
         mFlow->SelectionCallbacks::subscribeCallback([act](CoverFlowHandler *) {
             act();
             return true;

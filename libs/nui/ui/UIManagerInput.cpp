@@ -225,6 +225,7 @@ void UIManager::hover(InputPass &pass) {
     const detail::ForgetScope forgotten(mHovered); // of use only when a listener fails
     if (Component *left = mHovered) {
         handleEvent(left, HoverEvent(pointer.ray, pointer.cursor, HoverEvent::HOVER_LEAVE));
+        left->disableState(Component::STATE_HOVER); // a filter may have kept the event from it
         if (mHovered && mHovered != left)
             return; // a handler has run another pass, which entered something
     }
@@ -267,6 +268,7 @@ void UIManager::leaveHovered(const Pointer &pointer) {
         return;
     const detail::ForgetScope left(mHovered);
     handleEvent(hovered, HoverEvent(pointer.ray, pointer.cursor, HoverEvent::HOVER_LEAVE));
+    hovered->disableState(Component::STATE_HOVER); // as in hover()
 }
 
 void UIManager::cancelMouseAction() {

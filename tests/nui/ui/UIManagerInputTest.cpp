@@ -193,6 +193,18 @@ TEST_F(UIManagerInputTest, TakesNoHandlerForAComponent) {
     EXPECT_EQ(manager().getDragging(), nullptr); // the handler took it, but it is no component
 }
 
+TEST_F(UIManagerInputTest, WhatTheCursorHasLeftIsNotHoveredAlsoWhenAFilterDroppedTheEvent) {
+    moveTo(200, 200);
+    ASSERT_TRUE(mLeft->hasState(Component::STATE_HOVER));
+    mWidget->FilterCallbacks::subscribeCallback([](UIEventHandler *, const UIEvent &, UIEventHandler *&target) {
+        target = nullptr;
+        return false;
+    });
+    moveTo(350, 200);
+    EXPECT_EQ(manager().getComponentAtCursor(), nullptr);
+    EXPECT_FALSE(mLeft->hasState(Component::STATE_HOVER));
+}
+
 TEST_F(UIManagerInputTest, HoverStandsStillWhileAButtonIsHeld) {
     moveTo(200, 200);
     press();

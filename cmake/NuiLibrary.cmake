@@ -3,8 +3,9 @@
 #   says, and third-party targets that stay behind its sources.
 # nui_add_backend(NAME SOURCES ... HEADERS ... DETAIL_HEADERS ... LINK ...): one backend of backends/, with its alias
 #   nui::NAME. Its headers are included as "backends/NAME/...". It stands on the top floor, above every library.
-# nui_add_test(NAME SOURCES ... LINK ... LABELS ... TIMEOUT seconds): one GoogleTest program. It carries the label "unit"
-#   unless told other labels; the target unit_tests builds the programs of that label, and the sanitizer runs take them.
+# nui_add_test(NAME SOURCES ... LINK ... LABELS ... TIMEOUT seconds SLOW_IN_TSAN ...): one GoogleTest program. It carries
+#   the label "unit" unless told other labels; the target unit_tests builds the programs of that label, and the sanitizer
+#   runs take them. Tests that are named as slow are left out under the thread sanitizer.
 
 file(STRINGS ${CMAKE_CURRENT_LIST_DIR}/layers.txt NUI_LAYERS REGEX "^[a-z]+:")
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${CMAKE_CURRENT_LIST_DIR}/layers.txt)
@@ -52,11 +53,15 @@ function(nui_add_backend name)
 endfunction()
 
 function(nui_add_test name)
-    cmake_parse_arguments(ARG "" "TIMEOUT" "SOURCES;LINK;LABELS" ${ARGN})
+    cmake_parse_arguments(ARG "" "TIMEOUT" "SOURCES;LINK;LABELS;SLOW_IN_TSAN" ${ARGN})
     add_executable(${name} ${ARG_SOURCES})
     nui_configure_target(${name})
     target_link_libraries(${name} PRIVATE ${ARG_LINK} nui_test_support GTest::gtest)
-    add_test(NAME ${name} COMMAND ${name} --gtest_brief=1 WORKING_DIRECTORY ${PROJECT_SOURCE_DIR})
+    set(filter)
+    if(NUI_SANITIZE STREQUAL thread AND ARG_SLOW_IN_TSAN)
+        string(REPLACE ";" ":" filter "--gtest_filter=-${ARG_SLOW_IN_TSAN}")
+    endif()
+    add_test(NAME ${name} COMMAND ${name} --gtest_brief=1 ${filter} WORKING_DIRECTORY ${PROJECT_SOURCE_DIR})
     if(NOT ARG_LABELS)
         set(ARG_LABELS unit)
     endif()

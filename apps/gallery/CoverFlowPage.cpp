@@ -47,7 +47,7 @@ constexpr float BRAKE = 1e9F;
 std::string groupDigits(unsigned int number) {
     std::string digits = std::to_string(number);
     for (std::size_t i = digits.size(); i > 3; i -= 3)
-        digits.insert(i - 3, ",");
+        digits.insert(i - 3, 1, ',');
     return digits;
 }
 

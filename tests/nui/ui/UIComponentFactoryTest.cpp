@@ -7,10 +7,11 @@
 
 #include "nmain/json/JSONException.h"
 #include "nmain/vfs/MemoryFileSystem.h"
-
-#include "foundation/core/Exception.h"
+#include "support/MessageOf.h"
 
 namespace nurel::ui {
+
+using test::messageOf;
 
 namespace {
 
@@ -38,15 +39,6 @@ protected:
 
     CountingFiles files;
 };
-
-std::string messageOf(const std::function<void()> &action) {
-    try {
-        action();
-    } catch (const core::Exception &e) {
-        return e.getMessage();
-    }
-    return "nothing was raised";
-}
 
 } // namespace
 

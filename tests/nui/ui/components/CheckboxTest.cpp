@@ -1,19 +1,19 @@
 #include "nui/ui/components/Checkbox.h"
 
 #include "nui/ui/ManagerTest.h"
+#include "support/MessageOf.h"
 
-#include "foundation/core/Exception.h"
 #include "nengine/scene/meshes/TextMesh.h"
 #include "nmain/core/CloningOptions.h"
 #include "nui/ui/layouts/FlowLayout.h"
 
-#include <functional>
 #include <vector>
 
 using namespace nurel::ui;
 using components::Checkbox;
 using components::Label;
 using nurel::input::Keyboard;
+using test::messageOf;
 
 namespace {
 
@@ -59,15 +59,6 @@ public:
     core::SmartPtr<Panel> mPanel;
     core::SmartPtr<OpenCheckbox> mCheckbox; ///< around (200, 150)
 };
-
-std::string messageOf(const std::function<void()> &act) {
-    try {
-        act();
-    } catch (const core::Exception &e) {
-        return e.getMessage();
-    }
-    return "nothing was raised";
-}
 
 /// Notes what it is told.
 class NotingCheckbox : public Checkbox {

@@ -1,8 +1,8 @@
 #include "nui/ui/components/Progress.h"
 
 #include "nui/ui/ManagerTest.h"
+#include "support/MessageOf.h"
 
-#include "foundation/core/Exception.h"
 #include "nengine/EngineFactory.h"
 #include "nengine/scene/meshes/BorderedRectangleMesh.h"
 #include "nmain/core/CloningOptions.h"
@@ -10,13 +10,13 @@
 #include "nui/ui/layouts/FlowLayout.h"
 #include "nui/ui/skins/DefaultSkin.h"
 
-#include <functional>
 #include <limits>
 
 using namespace nurel::ui;
 using components::Label;
 using components::Progress;
 using nurel::math::Vector2;
+using test::messageOf;
 
 namespace {
 
@@ -65,15 +65,6 @@ public:
     core::SmartPtr<Panel> mPanel;
     core::SmartPtr<OpenProgress> mProgress; ///< around (200, 110)
 };
-
-std::string messageOf(const std::function<void()> &act) {
-    try {
-        act();
-    } catch (const core::Exception &e) {
-        return e.getMessage();
-    }
-    return "nothing was raised";
-}
 
 } // namespace
 
